@@ -1,0 +1,725 @@
+#include "tests/renderer/support/RecordingGl.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <regex>
+#include <sstream>
+
+namespace renderer::test {
+
+namespace {
+
+constexpr const char* CALL_NAMES[] = {
+    "hasExtension", "version", "getError", "finish",
+    "createBuffer", "deleteBuffer", "bindBuffer",
+    "createTexture", "deleteTexture", "texImage2D", "compressedTexImage2D", "texParameteri", "bindTexture",
+    "createSampler", "deleteSampler", "samplerParameteri", "samplerParameterf", "bindSampler",
+    "createProgram", "deleteProgram", "uniformLocation", "useProgram", "uniformFloats", "uniformInts",
+    "createVertexArray", "deleteVertexArray", "bindVertexArray", "enableVertexAttribArray",
+    "vertexAttribPointer", "vertexAttribIPointer",
+    "createFramebuffer", "deleteFramebuffer", "bindFramebuffer", "framebufferTexture",
+    "framebufferRenderbuffer", "checkFramebufferStatus", "createRenderbuffer", "deleteRenderbuffer",
+    "blitFramebuffer", "invalidateFramebuffer", "readPixels",
+    "viewport", "clearColor", "clearDepth", "clear", "enable", "disable", "blendEquationSeparate",
+    "blendFuncSeparate", "depthFunc", "depthMask", "cullFace", "frontFace",
+    "drawElements", "drawArrays",
+    "createQuery", "deleteQuery", "beginTimeQuery", "endTimeQuery", "timeQueryResult",
+};
+
+/// Components and kind of a GLSL type name; false for types the fake does not know.
+bool parseType(const std::string& type, bool& isFloat, int& components) {
+    static const std::map<std::string, std::pair<bool, int>> TYPES = {
+        {"float", {true, 1}}, {"vec2", {true, 2}}, {"vec3", {true, 3}}, {"vec4", {true, 4}},
+        {"mat4", {true, 16}}, {"int", {false, 1}}, {"ivec2", {false, 2}}, {"ivec3", {false, 3}},
+        {"ivec4", {false, 4}}, {"sampler2D", {false, 1}}, {"isampler2D", {false, 1}},
+        {"usampler2D", {false, 1}},
+    };
+    auto it = TYPES.find(type);
+    if (it == TYPES.end()) {
+        return false;
+    }
+    isFloat = it->second.first;
+    components = it->second.second;
+    return true;
+}
+
+std::string number(double value) {
+    char buffer[64];
+    std::snprintf(buffer, sizeof buffer, "%.9g", value);
+    return buffer;
+}
+
+} // namespace
+
+std::string toString(GlCall call) { return CALL_NAMES[static_cast<int>(call)]; }
+
+std::string RecordedCall::toString() const {
+    std::string text = test::toString(kind) + "(";
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        text += (i == 0 ? "" : ", ") + number(args[i]);
+    }
+    return text + ")";
+}
+
+RecordingGl::RecordingGl() = default;
+
+std::size_t RecordingGl::count(GlCall kind) const {
+    std::size_t n = 0;
+    for (const auto& call : calls) {
+        n += call.kind == kind ? 1 : 0;
+    }
+    return n;
+}
+
+std::vector<std::string> RecordingGl::log() const {
+    std::vector<std::string> lines;
+    for (const auto& call : calls) {
+        lines.push_back(call.toString());
+    }
+    return lines;
+}
+
+std::vector<std::string> RecordingGl::log(std::initializer_list<GlCall> kinds) const {
+    std::vector<std::string> lines;
+    for (const auto& call : calls) {
+        for (GlCall kind : kinds) {
+            if (call.kind == kind) {
+                lines.push_back(call.toString());
+                break;
+            }
+        }
+    }
+    return lines;
+}
+
+void RecordingGl::clearCalls() {
+    calls.clear();
+    draws.clear();
+}
+
+std::map<GLenum, double> RecordingGl::samplerParameters(GLuint sampler) const {
+    auto it = samplers_.find(sampler);
+    return it == samplers_.end() ? std::map<GLenum, double>{} : it->second;
+}
+
+std::string RecordingGl::vertexSource(GLuint program) const {
+    auto it = programs_.find(program);
+    return it == programs_.end() ? std::string{} : it->second.vertexSource;
+}
+
+std::vector<double> RecordingGl::uniformValue(GLuint program, const std::string& name) const {
+    auto it = programs_.find(program);
+    if (it == programs_.end()) {
+        return {};
+    }
+    for (std::size_t i = 0; i < it->second.uniforms.size(); ++i) {
+        if (it->second.uniforms[i].name == name) {
+            auto value = it->second.values.find(static_cast<GLint>(i));
+            return value == it->second.values.end() ? std::vector<double>{} : value->second;
+        }
+    }
+    return {};
+}
+
+std::size_t RecordingGl::bufferSize(GLuint buffer) const { return bufferData(buffer).size(); }
+
+const std::vector<std::byte>& RecordingGl::bufferData(GLuint buffer) const {
+    static const std::vector<std::byte> NONE;
+    auto it = buffers_.find(buffer);
+    return it == buffers_.end() ? NONE : it->second;
+}
+
+std::array<GLint, 3> RecordingGl::textureLevel0(GLuint texture) const {
+    auto it = textures_.find(texture);
+    return it == textures_.end() ? std::array<GLint, 3>{} : it->second;
+}
+
+std::array<GLint, 4> RecordingGl::renderbufferStorage(GLuint renderbuffer) const {
+    auto it = renderbuffers_.find(renderbuffer);
+    return it == renderbuffers_.end() ? std::array<GLint, 4>{} : it->second;
+}
+
+std::map<GLenum, std::pair<bool, GLuint>> RecordingGl::framebufferAttachments(GLuint framebuffer) const {
+    auto it = framebuffers_.find(framebuffer);
+    return it == framebuffers_.end() ? std::map<GLenum, std::pair<bool, GLuint>>{} : it->second.attachments;
+}
+
+void RecordingGl::record(GlCall kind, std::vector<double> args) { calls.push_back({kind, std::move(args)}); }
+
+GLuint RecordingGl::newName() { return nextName_++; }
+
+RecordingGl::Program* RecordingGl::current() {
+    auto it = programs_.find(program_);
+    return it == programs_.end() ? nullptr : &it->second;
+}
+
+bool RecordingGl::hasExtension(std::string_view name) const {
+    return extensions.count(std::string(name)) > 0;
+}
+
+int RecordingGl::version() const { return glVersion; }
+
+GLenum RecordingGl::getError() {
+    record(GlCall::GetError, {});
+    return GL_NO_ERROR;
+}
+
+void RecordingGl::finish() { record(GlCall::Finish, {}); }
+
+GLuint RecordingGl::createBuffer(GLenum target, std::span<const std::byte> data) {
+    GLuint name = newName();
+    buffers_[name].assign(data.begin(), data.end());
+    record(GlCall::CreateBuffer, {double(target), double(data.size()), double(name)});
+    return name;
+}
+
+void RecordingGl::deleteBuffer(GLuint buffer) {
+    record(GlCall::DeleteBuffer, {double(buffer)});
+    if (buffers_.erase(buffer) == 0) {
+        ADD_FAILURE() << "deleteBuffer of unknown buffer " << buffer;
+    }
+}
+
+void RecordingGl::bindBuffer(GLenum target, GLuint buffer) {
+    record(GlCall::BindBuffer, {double(target), double(buffer)});
+    if (buffer != 0 && buffers_.count(buffer) == 0) {
+        ADD_FAILURE() << "bindBuffer of unknown buffer " << buffer;
+    }
+    if (target == GL_ARRAY_BUFFER) {
+        arrayBuffer_ = buffer;
+    } else if (target == GL_ELEMENT_ARRAY_BUFFER) {
+        if (vertexArray_ == 0) {
+            ADD_FAILURE() << "element array buffer bound without a vertex array";
+        } else {
+            vertexArrays_[vertexArray_].elementBuffer = buffer;
+        }
+    }
+}
+
+GLuint RecordingGl::createTexture() {
+    GLuint name = newName();
+    textures_[name] = {0, 0, 0};
+    record(GlCall::CreateTexture, {double(name)});
+    return name;
+}
+
+void RecordingGl::deleteTexture(GLuint texture) {
+    record(GlCall::DeleteTexture, {double(texture)});
+    if (textures_.erase(texture) == 0) {
+        ADD_FAILURE() << "deleteTexture of unknown texture " << texture;
+    }
+}
+
+void RecordingGl::texImage2D(GLuint texture, GLint level, GLenum internalFormat, GLsizei width, GLsizei height,
+                             GLenum format, GLenum type, const void* pixels) {
+    record(GlCall::TexImage2D, {double(texture), double(level), double(internalFormat), double(width),
+                                double(height), double(format), double(type), pixels ? 1.0 : 0.0});
+    auto it = textures_.find(texture);
+    if (it == textures_.end()) {
+        ADD_FAILURE() << "texImage2D of unknown texture " << texture;
+    } else if (level == 0) {
+        it->second = {width, height, GLint(internalFormat)};
+    }
+}
+
+void RecordingGl::compressedTexImage2D(GLuint texture, GLint level, GLenum internalFormat, GLsizei width,
+                                       GLsizei height, std::span<const std::byte> data) {
+    record(GlCall::CompressedTexImage2D, {double(texture), double(level), double(internalFormat), double(width),
+                                          double(height), double(data.size())});
+    auto it = textures_.find(texture);
+    if (it == textures_.end()) {
+        ADD_FAILURE() << "compressedTexImage2D of unknown texture " << texture;
+    } else if (level == 0) {
+        it->second = {width, height, GLint(internalFormat)};
+    }
+}
+
+void RecordingGl::texParameteri(GLuint texture, GLenum name, GLint value) {
+    record(GlCall::TexParameteri, {double(texture), double(name), double(value)});
+    if (textures_.count(texture) == 0) {
+        ADD_FAILURE() << "texParameteri of unknown texture " << texture;
+    }
+}
+
+void RecordingGl::bindTexture(GLuint unit, GLuint texture) {
+    record(GlCall::BindTexture, {double(unit), double(texture)});
+    if (unit >= textureUnits_.size()) {
+        ADD_FAILURE() << "bindTexture on unit " << unit;
+        return;
+    }
+    if (texture != 0 && textures_.count(texture) == 0) {
+        ADD_FAILURE() << "bindTexture of unknown texture " << texture;
+    }
+    textureUnits_[unit] = texture;
+}
+
+GLuint RecordingGl::createSampler() {
+    GLuint name = newName();
+    samplers_[name];
+    record(GlCall::CreateSampler, {double(name)});
+    return name;
+}
+
+void RecordingGl::deleteSampler(GLuint sampler) {
+    record(GlCall::DeleteSampler, {double(sampler)});
+    if (samplers_.erase(sampler) == 0) {
+        ADD_FAILURE() << "deleteSampler of unknown sampler " << sampler;
+    }
+}
+
+void RecordingGl::samplerParameteri(GLuint sampler, GLenum name, GLint value) {
+    record(GlCall::SamplerParameteri, {double(sampler), double(name), double(value)});
+    auto it = samplers_.find(sampler);
+    if (it == samplers_.end()) {
+        ADD_FAILURE() << "samplerParameteri of unknown sampler " << sampler;
+        return;
+    }
+    it->second[name] = value;
+}
+
+void RecordingGl::samplerParameterf(GLuint sampler, GLenum name, GLfloat value) {
+    record(GlCall::SamplerParameterf, {double(sampler), double(name), double(value)});
+    auto it = samplers_.find(sampler);
+    if (it == samplers_.end()) {
+        ADD_FAILURE() << "samplerParameterf of unknown sampler " << sampler;
+        return;
+    }
+    it->second[name] = value;
+}
+
+void RecordingGl::bindSampler(GLuint unit, GLuint sampler) {
+    record(GlCall::BindSampler, {double(unit), double(sampler)});
+    if (unit >= samplerUnits_.size()) {
+        ADD_FAILURE() << "bindSampler on unit " << unit;
+        return;
+    }
+    if (sampler != 0 && samplers_.count(sampler) == 0) {
+        ADD_FAILURE() << "bindSampler of unknown sampler " << sampler;
+    }
+    samplerUnits_[unit] = sampler;
+}
+
+GLuint RecordingGl::createProgram(std::string_view vertexSource, std::string_view fragmentSource,
+                                  std::string& log) {
+    const std::string sources = std::string(vertexSource) + "\n" + std::string(fragmentSource);
+    if (vertexSource.empty() || fragmentSource.empty() || sources.find("#error") != std::string::npos) {
+        log = "compile error";
+        record(GlCall::CreateProgram, {0.0});
+        return 0;
+    }
+    GLuint name = newName();
+    Program program;
+    program.vertexSource = std::string(vertexSource);
+    static const std::regex DECLARATION(R"(uniform\s+(\w+)\s+(\w+)\s*(?:\[\s*(\d+)\s*\])?\s*;)");
+    for (auto it = std::sregex_iterator(sources.begin(), sources.end(), DECLARATION); it != std::sregex_iterator();
+         ++it) {
+        UniformDecl decl;
+        decl.name = (*it)[2];
+        if (!parseType((*it)[1], decl.isFloat, decl.components)) {
+            ADD_FAILURE() << "uniform of unknown type " << (*it)[1];
+        }
+        decl.arraySize = (*it)[3].matched ? std::stoi((*it)[3]) : 1;
+        bool known = false;
+        for (const auto& other : program.uniforms) {
+            known = known || other.name == decl.name;
+        }
+        if (!known) {
+            program.uniforms.push_back(decl);
+        }
+    }
+    programs_[name] = std::move(program);
+    record(GlCall::CreateProgram, {double(name)});
+    return name;
+}
+
+void RecordingGl::deleteProgram(GLuint program) {
+    record(GlCall::DeleteProgram, {double(program)});
+    if (programs_.erase(program) == 0) {
+        ADD_FAILURE() << "deleteProgram of unknown program " << program;
+    }
+}
+
+GLint RecordingGl::uniformLocation(GLuint program, const char* name) {
+    record(GlCall::UniformLocation, {double(program)});
+    auto it = programs_.find(program);
+    if (it == programs_.end()) {
+        ADD_FAILURE() << "uniformLocation in unknown program " << program;
+        return -1;
+    }
+    for (std::size_t i = 0; i < it->second.uniforms.size(); ++i) {
+        if (it->second.uniforms[i].name == name) {
+            return static_cast<GLint>(i);
+        }
+    }
+    return -1;
+}
+
+void RecordingGl::useProgram(GLuint program) {
+    record(GlCall::UseProgram, {double(program)});
+    if (program != 0 && programs_.count(program) == 0) {
+        ADD_FAILURE() << "useProgram of unknown program " << program;
+    }
+    program_ = program;
+}
+
+void RecordingGl::uniformFloats(GLint location, int components, GLsizei count, const GLfloat* values) {
+    std::vector<double> args{double(location), double(components), double(count)};
+    const int n = (components == 16 ? 16 : components) * count;
+    std::vector<double> value(values, values + std::max(n, 0));
+    args.insert(args.end(), value.begin(), value.end());
+    record(GlCall::UniformFloats, std::move(args));
+    if (location < 0) {
+        return;
+    }
+    Program* program = current();
+    if (program == nullptr) {
+        ADD_FAILURE() << "uniformFloats with no program in use";
+        return;
+    }
+    if (static_cast<std::size_t>(location) >= program->uniforms.size()) {
+        ADD_FAILURE() << "uniformFloats at a location the program lacks: " << location;
+        return;
+    }
+    const UniformDecl& decl = program->uniforms[static_cast<std::size_t>(location)];
+    if (!decl.isFloat || decl.components != components || count > decl.arraySize || count < 1) {
+        ADD_FAILURE() << "uniformFloats(" << components << " x " << count << ") does not fit uniform "
+                      << decl.name;
+        return;
+    }
+    program->values[location] = std::move(value);
+}
+
+void RecordingGl::uniformInts(GLint location, int components, GLsizei count, const GLint* values) {
+    std::vector<double> args{double(location), double(components), double(count)};
+    std::vector<double> value(values, values + std::max(components * count, 0));
+    args.insert(args.end(), value.begin(), value.end());
+    record(GlCall::UniformInts, std::move(args));
+    if (location < 0) {
+        return;
+    }
+    Program* program = current();
+    if (program == nullptr) {
+        ADD_FAILURE() << "uniformInts with no program in use";
+        return;
+    }
+    if (static_cast<std::size_t>(location) >= program->uniforms.size()) {
+        ADD_FAILURE() << "uniformInts at a location the program lacks: " << location;
+        return;
+    }
+    const UniformDecl& decl = program->uniforms[static_cast<std::size_t>(location)];
+    if (decl.isFloat || decl.components != components || count > decl.arraySize || count < 1) {
+        ADD_FAILURE() << "uniformInts(" << components << " x " << count << ") does not fit uniform "
+                      << decl.name;
+        return;
+    }
+    program->values[location] = std::move(value);
+}
+
+GLuint RecordingGl::createVertexArray() {
+    GLuint name = newName();
+    vertexArrays_[name];
+    record(GlCall::CreateVertexArray, {double(name)});
+    return name;
+}
+
+void RecordingGl::deleteVertexArray(GLuint vertexArray) {
+    record(GlCall::DeleteVertexArray, {double(vertexArray)});
+    if (vertexArrays_.erase(vertexArray) == 0) {
+        ADD_FAILURE() << "deleteVertexArray of unknown vertex array " << vertexArray;
+    }
+    if (vertexArray_ == vertexArray) {
+        vertexArray_ = 0;
+    }
+}
+
+void RecordingGl::bindVertexArray(GLuint vertexArray) {
+    record(GlCall::BindVertexArray, {double(vertexArray)});
+    if (vertexArray != 0 && vertexArrays_.count(vertexArray) == 0) {
+        ADD_FAILURE() << "bindVertexArray of unknown vertex array " << vertexArray;
+    }
+    vertexArray_ = vertexArray;
+}
+
+void RecordingGl::enableVertexAttribArray(GLuint index) {
+    record(GlCall::EnableVertexAttribArray, {double(index)});
+    if (vertexArray_ == 0) {
+        ADD_FAILURE() << "enableVertexAttribArray without a vertex array";
+        return;
+    }
+    vertexArrays_[vertexArray_].enabled.insert(index);
+}
+
+void RecordingGl::vertexAttribPointer(GLuint index, GLint size, GLenum type, bool normalized, GLsizei stride,
+                                      std::size_t offset) {
+    record(GlCall::VertexAttribPointer,
+           {double(index), double(size), double(type), normalized ? 1.0 : 0.0, double(stride), double(offset)});
+    if (vertexArray_ == 0 || arrayBuffer_ == 0) {
+        ADD_FAILURE() << "vertexAttribPointer without a vertex array or array buffer";
+        return;
+    }
+    vertexArrays_[vertexArray_].attributes[index] = {double(arrayBuffer_), double(size), double(type),
+                                                     normalized ? 1.0 : 0.0, double(stride), double(offset)};
+}
+
+void RecordingGl::vertexAttribIPointer(GLuint index, GLint size, GLenum type, GLsizei stride, std::size_t offset) {
+    record(GlCall::VertexAttribIPointer, {double(index), double(size), double(type), double(stride), double(offset)});
+    if (vertexArray_ == 0 || arrayBuffer_ == 0) {
+        ADD_FAILURE() << "vertexAttribIPointer without a vertex array or array buffer";
+        return;
+    }
+    vertexArrays_[vertexArray_].attributes[index] = {double(arrayBuffer_), double(size), double(type), -1.0,
+                                                     double(stride), double(offset)};
+}
+
+GLuint RecordingGl::createFramebuffer() {
+    GLuint name = newName();
+    framebuffers_[name];
+    record(GlCall::CreateFramebuffer, {double(name)});
+    return name;
+}
+
+void RecordingGl::deleteFramebuffer(GLuint framebuffer) {
+    record(GlCall::DeleteFramebuffer, {double(framebuffer)});
+    if (framebuffers_.erase(framebuffer) == 0) {
+        ADD_FAILURE() << "deleteFramebuffer of unknown framebuffer " << framebuffer;
+    }
+}
+
+void RecordingGl::bindFramebuffer(GLenum target, GLuint framebuffer) {
+    record(GlCall::BindFramebuffer, {double(target), double(framebuffer)});
+    if (framebuffer != 0 && framebuffers_.count(framebuffer) == 0) {
+        ADD_FAILURE() << "bindFramebuffer of unknown framebuffer " << framebuffer;
+    }
+    if (target == GL_FRAMEBUFFER || target == GL_DRAW_FRAMEBUFFER) {
+        drawFramebuffer_ = framebuffer;
+    }
+    if (target == GL_FRAMEBUFFER || target == GL_READ_FRAMEBUFFER) {
+        readFramebuffer_ = framebuffer;
+    }
+}
+
+void RecordingGl::framebufferTexture(GLuint framebuffer, GLenum attachment, GLuint texture) {
+    record(GlCall::FramebufferTexture, {double(framebuffer), double(attachment), double(texture)});
+    if (framebuffers_.count(framebuffer) == 0 || (texture != 0 && textures_.count(texture) == 0)) {
+        ADD_FAILURE() << "framebufferTexture with unknown objects " << framebuffer << ", " << texture;
+        return;
+    }
+    framebuffers_[framebuffer].attachments[attachment] = {false, texture};
+    drawFramebuffer_ = framebuffer;
+}
+
+void RecordingGl::framebufferRenderbuffer(GLuint framebuffer, GLenum attachment, GLuint renderbuffer) {
+    record(GlCall::FramebufferRenderbuffer, {double(framebuffer), double(attachment), double(renderbuffer)});
+    if (framebuffers_.count(framebuffer) == 0 || (renderbuffer != 0 && renderbuffers_.count(renderbuffer) == 0)) {
+        ADD_FAILURE() << "framebufferRenderbuffer with unknown objects " << framebuffer << ", " << renderbuffer;
+        return;
+    }
+    framebuffers_[framebuffer].attachments[attachment] = {true, renderbuffer};
+    drawFramebuffer_ = framebuffer;
+}
+
+GLenum RecordingGl::checkFramebufferStatus(GLuint framebuffer) {
+    record(GlCall::CheckFramebufferStatus, {double(framebuffer)});
+    drawFramebuffer_ = framebuffer;
+    return framebufferStatus;
+}
+
+GLuint RecordingGl::createRenderbuffer(GLsizei samples, GLenum internalFormat, GLsizei width, GLsizei height) {
+    GLuint name = newName();
+    renderbuffers_[name] = {samples, GLint(internalFormat), width, height};
+    record(GlCall::CreateRenderbuffer, {double(samples), double(internalFormat), double(width), double(height),
+                                        double(name)});
+    return name;
+}
+
+void RecordingGl::deleteRenderbuffer(GLuint renderbuffer) {
+    record(GlCall::DeleteRenderbuffer, {double(renderbuffer)});
+    if (renderbuffers_.erase(renderbuffer) == 0) {
+        ADD_FAILURE() << "deleteRenderbuffer of unknown renderbuffer " << renderbuffer;
+    }
+}
+
+void RecordingGl::blitFramebuffer(GLint srcX0, GLint srcY0, GLint srcX1, GLint srcY1, GLint dstX0, GLint dstY0,
+                                  GLint dstX1, GLint dstY1, GLbitfield mask, GLenum filter) {
+    record(GlCall::BlitFramebuffer, {double(srcX0), double(srcY0), double(srcX1), double(srcY1), double(dstX0),
+                                     double(dstY0), double(dstX1), double(dstY1), double(mask), double(filter),
+                                     double(readFramebuffer_), double(drawFramebuffer_)});
+    if (readFramebuffer_ == drawFramebuffer_) {
+        ADD_FAILURE() << "blitFramebuffer from a framebuffer onto itself";
+    }
+}
+
+void RecordingGl::invalidateFramebuffer(GLenum target, std::span<const GLenum> attachments) {
+    std::vector<double> args{double(target)};
+    for (GLenum attachment : attachments) {
+        args.push_back(double(attachment));
+    }
+    record(GlCall::InvalidateFramebuffer, std::move(args));
+}
+
+void RecordingGl::readPixels(GLint x, GLint y, GLsizei width, GLsizei height, GLenum format, GLenum type,
+                             void* pixels) {
+    record(GlCall::ReadPixels, {double(x), double(y), double(width), double(height), double(format), double(type)});
+    (void)pixels;
+}
+
+void RecordingGl::viewport(GLint x, GLint y, GLsizei width, GLsizei height) {
+    record(GlCall::Viewport, {double(x), double(y), double(width), double(height)});
+    viewport_ = {x, y, width, height};
+}
+
+void RecordingGl::clearColor(GLfloat red, GLfloat green, GLfloat blue, GLfloat alpha) {
+    record(GlCall::ClearColor, {red, green, blue, alpha});
+}
+
+void RecordingGl::clearDepth(GLdouble depth) { record(GlCall::ClearDepth, {depth}); }
+
+void RecordingGl::clear(GLbitfield mask) {
+    record(GlCall::Clear, {double(mask), double(drawFramebuffer_), depthMask_ ? 1.0 : 0.0});
+    if ((mask & GL_DEPTH_BUFFER_BIT) != 0 && !depthMask_) {
+        ADD_FAILURE() << "depth cleared while depth writes are off: the clear does nothing";
+    }
+}
+
+void RecordingGl::enable(GLenum capability) {
+    record(GlCall::Enable, {double(capability)});
+    enabled_.insert(capability);
+}
+
+void RecordingGl::disable(GLenum capability) {
+    record(GlCall::Disable, {double(capability)});
+    enabled_.erase(capability);
+}
+
+void RecordingGl::blendEquationSeparate(GLenum modeColor, GLenum modeAlpha) {
+    record(GlCall::BlendEquationSeparate, {double(modeColor), double(modeAlpha)});
+    blendEquations_ = {modeColor, modeAlpha};
+}
+
+void RecordingGl::blendFuncSeparate(GLenum sourceColor, GLenum destinationColor, GLenum sourceAlpha,
+                                    GLenum destinationAlpha) {
+    record(GlCall::BlendFuncSeparate,
+           {double(sourceColor), double(destinationColor), double(sourceAlpha), double(destinationAlpha)});
+    blendFactors_ = {sourceColor, destinationColor, sourceAlpha, destinationAlpha};
+}
+
+void RecordingGl::depthFunc(GLenum function) {
+    record(GlCall::DepthFunc, {double(function)});
+    depthFunc_ = function;
+}
+
+void RecordingGl::depthMask(bool write) {
+    record(GlCall::DepthMask, {write ? 1.0 : 0.0});
+    depthMask_ = write;
+}
+
+void RecordingGl::cullFace(GLenum mode) {
+    record(GlCall::CullFace, {double(mode)});
+    cullMode_ = mode;
+}
+
+void RecordingGl::frontFace(GLenum mode) {
+    record(GlCall::FrontFace, {double(mode)});
+    frontFace_ = mode;
+}
+
+void RecordingGl::snapshotDraw(GlCall kind, GLenum mode, GLsizei count) {
+    DrawSnapshot draw;
+    draw.kind = kind;
+    draw.mode = mode;
+    draw.count = count;
+    draw.program = program_;
+    draw.vertexArray = vertexArray_;
+    draw.drawFramebuffer = drawFramebuffer_;
+    for (std::size_t i = 0; i < draw.textures.size(); ++i) {
+        draw.textures[i] = textureUnits_[i];
+        draw.samplers[i] = samplerUnits_[i];
+    }
+    draw.blend = enabled_.count(GL_BLEND) > 0;
+    draw.blendEquations = blendEquations_;
+    draw.blendFactors = blendFactors_;
+    draw.depthTest = enabled_.count(GL_DEPTH_TEST) > 0;
+    draw.depthFunc = depthFunc_;
+    draw.depthMask = depthMask_;
+    draw.cullFace = enabled_.count(GL_CULL_FACE) > 0;
+    draw.cullMode = cullMode_;
+    draw.frontFace = frontFace_;
+    draw.viewport = viewport_;
+    if (Program* program = current()) {
+        for (const auto& [location, value] : program->values) {
+            draw.uniforms[program->uniforms[static_cast<std::size_t>(location)].name] = value;
+        }
+    } else {
+        ADD_FAILURE() << toString(kind) << " with no program in use";
+    }
+    auto vao = vertexArrays_.find(vertexArray_);
+    if (vao == vertexArrays_.end()) {
+        ADD_FAILURE() << toString(kind) << " with no vertex array bound";
+    } else {
+        draw.elementBuffer = vao->second.elementBuffer;
+        draw.attributes = vao->second.attributes;
+        for (GLuint index : vao->second.enabled) {
+            if (vao->second.attributes.count(index) == 0) {
+                ADD_FAILURE() << toString(kind) << " with attribute " << index << " enabled but not pointed";
+            }
+        }
+    }
+    draws.push_back(std::move(draw));
+}
+
+void RecordingGl::drawElements(GLenum mode, GLsizei count, GLenum type, std::size_t offset) {
+    record(GlCall::DrawElements, {double(mode), double(count), double(type), double(offset)});
+    snapshotDraw(GlCall::DrawElements, mode, count);
+    const GLuint elements = draws.back().elementBuffer;
+    if (elements == 0) {
+        ADD_FAILURE() << "drawElements with no element array buffer";
+        return;
+    }
+    const std::size_t width = type == GL_UNSIGNED_SHORT ? 2 : type == GL_UNSIGNED_INT ? 4 : 1;
+    if (offset + width * static_cast<std::size_t>(count) > bufferSize(elements)) {
+        ADD_FAILURE() << "drawElements reads " << count << " indices past the end of buffer " << elements;
+    }
+}
+
+void RecordingGl::drawArrays(GLenum mode, GLint first, GLsizei count) {
+    record(GlCall::DrawArrays, {double(mode), double(first), double(count)});
+    snapshotDraw(GlCall::DrawArrays, mode, count);
+}
+
+GLuint RecordingGl::createQuery() {
+    GLuint name = newName();
+    queries_.insert(name);
+    record(GlCall::CreateQuery, {double(name)});
+    return name;
+}
+
+void RecordingGl::deleteQuery(GLuint query) {
+    record(GlCall::DeleteQuery, {double(query)});
+    if (queries_.erase(query) == 0) {
+        ADD_FAILURE() << "deleteQuery of unknown query " << query;
+    }
+}
+
+void RecordingGl::beginTimeQuery(GLuint query) {
+    record(GlCall::BeginTimeQuery, {double(query)});
+    if (queryRunning_ || queries_.count(query) == 0) {
+        ADD_FAILURE() << "beginTimeQuery while one runs, or of an unknown query";
+    }
+    queryRunning_ = true;
+}
+
+void RecordingGl::endTimeQuery() {
+    record(GlCall::EndTimeQuery, {});
+    if (!queryRunning_) {
+        ADD_FAILURE() << "endTimeQuery with none running";
+    }
+    queryRunning_ = false;
+}
+
+std::uint64_t RecordingGl::timeQueryResult(GLuint query) {
+    record(GlCall::TimeQueryResult, {double(query)});
+    return 1000;
+}
+
+} // namespace renderer::test

@@ -1,0 +1,261 @@
+#pragma once
+
+#include "renderer/gl/Gl.h"
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace renderer::test {
+
+/// Kinds of call that `RecordingGl` records, one per function of `gl::Gl`.
+enum class GlCall {
+    HasExtension, Version, GetError, Finish,
+    CreateBuffer, DeleteBuffer, BindBuffer,
+    CreateTexture, DeleteTexture, TexImage2D, CompressedTexImage2D, TexParameteri, BindTexture,
+    CreateSampler, DeleteSampler, SamplerParameteri, SamplerParameterf, BindSampler,
+    CreateProgram, DeleteProgram, UniformLocation, UseProgram, UniformFloats, UniformInts,
+    CreateVertexArray, DeleteVertexArray, BindVertexArray, EnableVertexAttribArray, VertexAttribPointer,
+    VertexAttribIPointer,
+    CreateFramebuffer, DeleteFramebuffer, BindFramebuffer, FramebufferTexture, FramebufferRenderbuffer,
+    CheckFramebufferStatus, CreateRenderbuffer, DeleteRenderbuffer, BlitFramebuffer, InvalidateFramebuffer,
+    ReadPixels,
+    Viewport, ClearColor, ClearDepth, Clear, Enable, Disable, BlendEquationSeparate, BlendFuncSeparate,
+    DepthFunc, DepthMask, CullFace, FrontFace,
+    DrawElements, DrawArrays,
+    CreateQuery, DeleteQuery, BeginTimeQuery, EndTimeQuery, TimeQueryResult,
+};
+
+/// The function name of a call kind, e.g. "useProgram".
+std::string toString(GlCall call);
+
+/// One recorded call: its kind, its numeric arguments in order (enums, names, sizes and floats
+/// all as doubles, which hold each of them exactly) and, for calls that return a name, the name.
+struct RecordedCall {
+    GlCall kind;
+    std::vector<double> args;
+    /// "useProgram(3)", "drawElements(GL 0x4, 36, GL 0x1403, 0)" and the like.
+    std::string toString() const;
+};
+
+/// What a draw saw: the state standing at the moment of a drawElements or drawArrays call.
+struct DrawSnapshot {
+    GlCall kind = GlCall::DrawElements;
+    GLenum mode = 0;
+    GLsizei count = 0;
+    GLuint program = 0;
+    GLuint vertexArray = 0;
+    GLuint elementBuffer = 0;
+    GLuint drawFramebuffer = 0;
+    std::array<GLuint, 24> textures{};
+    std::array<GLuint, 24> samplers{};
+    bool blend = false;
+    std::array<GLenum, 2> blendEquations{};
+    std::array<GLenum, 4> blendFactors{};
+    bool depthTest = false;
+    GLenum depthFunc = GL_LESS;
+    bool depthMask = true;
+    bool cullFace = false;
+    GLenum cullMode = GL_BACK;
+    GLenum frontFace = GL_CCW;
+    std::array<GLint, 4> viewport{};
+    /// Uniform values of the program, by uniform name.
+    std::map<std::string, std::vector<double>> uniforms;
+    /// Attribute pointers of the vertex array: index -> (buffer, size, type, normalized, stride, offset).
+    std::map<GLuint, std::array<double, 6>> attributes;
+};
+
+/// A `gl::Gl` that draws nothing: it records every call, keeps the state that GL would keep
+/// (bindings, programs with their uniforms, capabilities), counts live objects of each kind,
+/// and reports misuse that a real driver would reject or answer with garbage (an unknown name,
+/// a uniform of the wrong type, a draw without a program or index buffer, reading past the end
+/// of an index buffer) as a test failure.
+///
+/// A program "compiles" unless a source is empty or holds "#error"; its uniforms are the
+/// `uniform <type> <name>[<n>];` declarations found in its two sources.
+class RecordingGl : public gl::Gl {
+public:
+    RecordingGl();
+
+    /// Every call so far, in order.
+    std::vector<RecordedCall> calls;
+    /// One snapshot per draw call, in order.
+    std::vector<DrawSnapshot> draws;
+    /// Extensions that hasExtension answers true for.
+    std::set<std::string> extensions;
+    /// What version() answers.
+    int glVersion = 33;
+    /// What checkFramebufferStatus answers.
+    GLenum framebufferStatus = GL_FRAMEBUFFER_COMPLETE;
+
+    /// Number of recorded calls of `kind`.
+    std::size_t count(GlCall kind) const;
+    /// Recorded calls as text, optionally only those of the given kinds.
+    std::vector<std::string> log() const;
+    std::vector<std::string> log(std::initializer_list<GlCall> kinds) const;
+    /// Forgets the calls and draws recorded so far; the GL state stays.
+    void clearCalls();
+
+    /// Objects created and not yet deleted.
+    std::size_t liveBuffers() const { return buffers_.size(); }
+    std::size_t liveTextures() const { return textures_.size(); }
+    std::size_t liveSamplers() const { return samplers_.size(); }
+    std::size_t livePrograms() const { return programs_.size(); }
+    std::size_t liveVertexArrays() const { return vertexArrays_.size(); }
+    std::size_t liveFramebuffers() const { return framebuffers_.size(); }
+    std::size_t liveRenderbuffers() const { return renderbuffers_.size(); }
+
+    /// Parameters set on a sampler, by parameter name.
+    std::map<GLenum, double> samplerParameters(GLuint sampler) const;
+    /// The program currently in use.
+    GLuint currentProgram() const { return program_; }
+    /// The vertex source a program was made from (to tell programs apart in tests).
+    std::string vertexSource(GLuint program) const;
+    /// Last value set for uniform `name` of `program`; empty when never set.
+    std::vector<double> uniformValue(GLuint program, const std::string& name) const;
+    /// Size in bytes of a live buffer.
+    std::size_t bufferSize(GLuint buffer) const;
+    /// The bytes a live buffer was created with.
+    const std::vector<std::byte>& bufferData(GLuint buffer) const;
+    /// Level 0 size of a texture: width, height, internal format.
+    std::array<GLint, 3> textureLevel0(GLuint texture) const;
+    /// Storage of a renderbuffer: samples, internal format, width, height.
+    std::array<GLint, 4> renderbufferStorage(GLuint renderbuffer) const;
+    /// Attachment -> (is renderbuffer, name) of a framebuffer.
+    std::map<GLenum, std::pair<bool, GLuint>> framebufferAttachments(GLuint framebuffer) const;
+
+    bool hasExtension(std::string_view name) const override;
+    int version() const override;
+    GLenum getError() override;
+    void finish() override;
+
+    GLuint createBuffer(GLenum target, std::span<const std::byte> data) override;
+    void deleteBuffer(GLuint buffer) override;
+    void bindBuffer(GLenum target, GLuint buffer) override;
+
+    GLuint createTexture() override;
+    void deleteTexture(GLuint texture) override;
+    void texImage2D(GLuint texture, GLint level, GLenum internalFormat, GLsizei width, GLsizei height,
+                    GLenum format, GLenum type, const void* pixels) override;
+    void compressedTexImage2D(GLuint texture, GLint level, GLenum internalFormat, GLsizei width, GLsizei height,
+                              std::span<const std::byte> data) override;
+    void texParameteri(GLuint texture, GLenum name, GLint value) override;
+    void bindTexture(GLuint unit, GLuint texture) override;
+
+    GLuint createSampler() override;
+    void deleteSampler(GLuint sampler) override;
+    void samplerParameteri(GLuint sampler, GLenum name, GLint value) override;
+    void samplerParameterf(GLuint sampler, GLenum name, GLfloat value) override;
+    void bindSampler(GLuint unit, GLuint sampler) override;
+
+    GLuint createProgram(std::string_view vertexSource, std::string_view fragmentSource,
+                         std::string& log) override;
+    void deleteProgram(GLuint program) override;
+    GLint uniformLocation(GLuint program, const char* name) override;
+    void useProgram(GLuint program) override;
+    void uniformFloats(GLint location, int components, GLsizei count, const GLfloat* values) override;
+    void uniformInts(GLint location, int components, GLsizei count, const GLint* values) override;
+
+    GLuint createVertexArray() override;
+    void deleteVertexArray(GLuint vertexArray) override;
+    void bindVertexArray(GLuint vertexArray) override;
+    void enableVertexAttribArray(GLuint index) override;
+    void vertexAttribPointer(GLuint index, GLint size, GLenum type, bool normalized, GLsizei stride,
+                             std::size_t offset) override;
+    void vertexAttribIPointer(GLuint index, GLint size, GLenum type, GLsizei stride, std::size_t offset) override;
+
+    GLuint createFramebuffer() override;
+    void deleteFramebuffer(GLuint framebuffer) override;
+    void bindFramebuffer(GLenum target, GLuint framebuffer) override;
+    void framebufferTexture(GLuint framebuffer, GLenum attachment, GLuint texture) override;
+    void framebufferRenderbuffer(GLuint framebuffer, GLenum attachment, GLuint renderbuffer) override;
+    GLenum checkFramebufferStatus(GLuint framebuffer) override;
+    GLuint createRenderbuffer(GLsizei samples, GLenum internalFormat, GLsizei width, GLsizei height) override;
+    void deleteRenderbuffer(GLuint renderbuffer) override;
+    void blitFramebuffer(GLint srcX0, GLint srcY0, GLint srcX1, GLint srcY1, GLint dstX0, GLint dstY0, GLint dstX1,
+                         GLint dstY1, GLbitfield mask, GLenum filter) override;
+    void invalidateFramebuffer(GLenum target, std::span<const GLenum> attachments) override;
+    void readPixels(GLint x, GLint y, GLsizei width, GLsizei height, GLenum format, GLenum type,
+                    void* pixels) override;
+
+    void viewport(GLint x, GLint y, GLsizei width, GLsizei height) override;
+    void clearColor(GLfloat red, GLfloat green, GLfloat blue, GLfloat alpha) override;
+    void clearDepth(GLdouble depth) override;
+    void clear(GLbitfield mask) override;
+    void enable(GLenum capability) override;
+    void disable(GLenum capability) override;
+    void blendEquationSeparate(GLenum modeColor, GLenum modeAlpha) override;
+    void blendFuncSeparate(GLenum sourceColor, GLenum destinationColor, GLenum sourceAlpha,
+                           GLenum destinationAlpha) override;
+    void depthFunc(GLenum function) override;
+    void depthMask(bool write) override;
+    void cullFace(GLenum mode) override;
+    void frontFace(GLenum mode) override;
+
+    void drawElements(GLenum mode, GLsizei count, GLenum type, std::size_t offset) override;
+    void drawArrays(GLenum mode, GLint first, GLsizei count) override;
+
+    GLuint createQuery() override;
+    void deleteQuery(GLuint query) override;
+    void beginTimeQuery(GLuint query) override;
+    void endTimeQuery() override;
+    std::uint64_t timeQueryResult(GLuint query) override;
+
+private:
+    struct UniformDecl {
+        std::string name;
+        bool isFloat = true;
+        int components = 1;
+        int arraySize = 1;
+    };
+    struct Program {
+        std::string vertexSource;
+        std::vector<UniformDecl> uniforms; // location == position
+        std::map<GLint, std::vector<double>> values;
+    };
+    struct VertexArray {
+        GLuint elementBuffer = 0;
+        std::map<GLuint, std::array<double, 6>> attributes;
+        std::set<GLuint> enabled;
+    };
+    struct Framebuffer {
+        std::map<GLenum, std::pair<bool, GLuint>> attachments;
+    };
+
+    void record(GlCall kind, std::vector<double> args);
+    GLuint newName();
+    void snapshotDraw(GlCall kind, GLenum mode, GLsizei count);
+    Program* current();
+
+    GLuint nextName_ = 1;
+    std::map<GLuint, std::vector<std::byte>> buffers_;
+    std::map<GLuint, std::array<GLint, 3>> textures_;
+    std::map<GLuint, std::map<GLenum, double>> samplers_;
+    std::map<GLuint, Program> programs_;
+    std::map<GLuint, VertexArray> vertexArrays_;
+    std::map<GLuint, Framebuffer> framebuffers_;
+    std::map<GLuint, std::array<GLint, 4>> renderbuffers_;
+    std::set<GLuint> queries_;
+
+    GLuint program_ = 0;
+    GLuint vertexArray_ = 0;
+    GLuint arrayBuffer_ = 0;
+    GLuint drawFramebuffer_ = 0;
+    GLuint readFramebuffer_ = 0;
+    std::array<GLuint, 48> textureUnits_{};
+    std::array<GLuint, 48> samplerUnits_{};
+    std::set<GLenum> enabled_;
+    std::array<GLenum, 2> blendEquations_{GL_FUNC_ADD, GL_FUNC_ADD};
+    std::array<GLenum, 4> blendFactors_{GL_ONE, GL_ZERO, GL_ONE, GL_ZERO};
+    GLenum depthFunc_ = GL_LESS;
+    bool depthMask_ = true;
+    GLenum cullMode_ = GL_BACK;
+    GLenum frontFace_ = GL_CCW;
+    std::array<GLint, 4> viewport_{};
+    bool queryRunning_ = false;
+};
+
+} // namespace renderer::test
