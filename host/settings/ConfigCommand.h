@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QStringList>
+#include <QTextStream>
+
+namespace host::settings {
+
+class Settings;
+
+/// `nivalis config ...`: reads and writes settings from a terminal, as another process would.
+///
+///   nivalis config list              every key as "name=value", " (default)" after unset ones
+///   nivalis config get NAME          the value in force
+///   nivalis config set NAME VALUE    checks VALUE against the key's type, then stores it
+///   nivalis config unset NAME        removes the entry, so that the default applies
+///
+/// A running wallpaper sees each change at once through its file watcher.
+class ConfigCommand {
+public:
+    /// Runs the command given by `arguments` (the words after "config") on `settings`. Results go
+    /// to `out`, messages to `err`. Returns the exit status: 0 on success, 1 for an unknown key or
+    /// an invalid value, 2 for a usage error.
+    static int run(const QStringList& arguments, Settings& settings, QTextStream& out, QTextStream& err);
+
+    /// The usage text printed on a usage error.
+    static QString usage();
+};
+
+} // namespace host::settings

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "host/settings/SettingsKey.h"
+#include "host/settings/SettingsStore.h"
+
+#include <QString>
+#include <QUuid>
+
+#include <optional>
+#include <vector>
+
+namespace host::settings {
+
+/// All settings of the program: the store and its 18 typed keys. Nothing else is persisted.
+///
+/// One instance is made at start and handed to whoever reads or writes settings (AppState, the
+/// desktop window, the settings window, `nivalis config`). The keys keep a reference to the
+/// store, which this object owns.
+class Settings {
+public:
+    /// Settings over the INI file at `filePath` (SettingsStore::defaultFilePath() normally).
+    explicit Settings(const QString& filePath);
+    Settings(const Settings&) = delete;
+    Settings& operator=(const Settings&) = delete;
+
+    /// The underlying store.
+    SettingsStore& store() { return store_; }
+
+    /// Every key, in the order of the table below, for handling keys by name.
+    const std::vector<const SettingsKeyBase*>& keys() const { return keys_; }
+
+    /// The key named `name`, or null.
+    const SettingsKeyBase* find(const QString& name) const;
+
+private:
+    SettingsStore store_;
+
+public:
+    /// The tray icon hides itself 5 seconds after each reveal.
+    const SettingsKey<bool> hideMenuBarIcon{store_, QStringLiteral("hideMenuBarIcon"), false};
+    /// The monitor the wallpaper is shown on (its Display UUID); absent: the primary screen.
+    const SettingsKey<std::optional<QUuid>> display{store_, QStringLiteral("display"), std::nullopt};
+    /// Consulted by the tray menu only: while locked, hides the Enable/Disable item.
+    const SettingsKey<bool> deactivateOnBattery{store_, QStringLiteral("deactivateOnBattery"), false};
+    /// The window is on every workspace.
+    const SettingsKey<bool> showOnAllSpaces{store_, QStringLiteral("showOnAllSpaces"), true};
+    /// Level policy of an interactive wallpaper (re-applies the window level on change).
+    const SettingsKey<bool> bringBrowsingModeToFront{store_, QStringLiteral("bringBrowsingModeToFront"), false};
+    /// No control; a change rebuilds the wallpaper's view (and so its renderer).
+    const SettingsKey<bool> muteAudio{store_, QStringLiteral("muteAudio"), true};
+    /// The window covers the whole screen, top panel included.
+    const SettingsKey<bool> extendVeilBelowMenuBar{store_, QStringLiteral("extendVeilBelowMenuBar"), false};
+    /// Wanted frames per second (20, 30 or 60 from the settings window).
+    const SettingsKey<int> fps{store_, QStringLiteral("fps"), 30};
+    /// Power-saver profile caps the rate at 20 (both frame-rate toggles are bound to this key).
+    const SettingsKey<bool> lowPowerMode{store_, QStringLiteral("lowPowerMode"), true};
+    /// On battery the rate is capped at 30.
+    const SettingsKey<bool> batteryMode{store_, QStringLiteral("batteryMode"), true};
+    /// The scene darkens its corners.
+    const SettingsKey<bool> sceneVignette{store_, QStringLiteral("sceneVignette"), true};
+    /// The scene's camera period: larger is slower.
+    const SettingsKey<float> sceneSpeed{store_, QStringLiteral("sceneSpeed"), 1.5f};
+    /// "auto", "day", "night", "dusk" or "dawn".
+    const SettingsKey<QString> sceneTime{store_, QStringLiteral("sceneTime"), QStringLiteral("auto")};
+    /// Font name of the clock.
+    const SettingsKey<QString> clockFont{store_, QStringLiteral("clockFont"), QStringLiteral("Baloo")};
+    /// Unicode date pattern of the clock ("h:mm", "hh:mm", "H:mm", "HH:mm").
+    const SettingsKey<QString> clockFormat{store_, QStringLiteral("clockFormat"), QStringLiteral("h:mm")};
+    /// The clock is shown.
+    const SettingsKey<bool> clockEnabled{store_, QStringLiteral("clockEnabled"), false};
+    /// Opacity of the clock text.
+    const SettingsKey<double> clockOpacity{store_, QStringLiteral("clockOpacity"), 0.7};
+    /// Font size of the clock in points.
+    const SettingsKey<float> clockSize{store_, QStringLiteral("clockSize"), 220.0f};
+
+private:
+    std::vector<const SettingsKeyBase*> keys_;
+};
+
+} // namespace host::settings
