@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string>
+
+namespace renderer::textures {
+
+/// The header of an `.astc` file, the standard 16-byte container: magic (4 bytes, not checked),
+/// block width, height and depth (1 byte each), then image width, height and depth as 24-bit
+/// little-endian numbers. The compressed blocks follow from byte 16 on, 16 bytes a block, row by
+/// row.
+struct AstcInfo {
+    /// Size of the header in bytes; the blocks start here.
+    static constexpr std::size_t HEADER_SIZE = 16;
+
+    int width = 0;
+    int height = 0;
+    int blockWidth = 0;
+    int blockHeight = 0;
+
+    /// Reads the header at the start of `file`. The magic and the depths are not looked at.
+    /// Throws std::runtime_error naming `name` when `file` is shorter than the header.
+    static AstcInfo parse(std::span<const std::byte> file, const std::string& name);
+
+    bool operator==(const AstcInfo&) const = default;
+    /// "AstcInfo(width=64, height=32, blockWidth=4, blockHeight=4)".
+    std::string toString() const;
+};
+
+} // namespace renderer::textures
