@@ -117,3 +117,17 @@ TEST(MathUtilsRandomLength, CurrentBeyondTheListStillGivesAnIndex) {
         ASSERT_EQ(-1, negative);
     }
 }
+
+TEST(MathUtilsRandomLength, ExtremeArgumentsWrapInsteadOfOverflowing) {
+    Random::seed(5);
+    const int min = std::numeric_limits<int>::min();
+    const int max = std::numeric_limits<int>::max();
+    for (int n = 0; n < 200; ++n) {
+        ASSERT_EQ(0, MathUtils::nextRandomLength(-1, max));
+        const int a = MathUtils::nextRandomLength(min, max);
+        ASSERT_GT(a, min);
+        const int b = MathUtils::nextRandomLength(max, max); // max + 1 wraps to min
+        ASSERT_GT(b, -max);
+        ASSERT_LT(b, max);
+    }
+}
