@@ -116,6 +116,7 @@ signals:
 
 private:
     void setUpEvents();
+    menu::StatusItem& ensureStatusItem();
     void logLine(const char* text);
 
     settings::Settings& settings_;

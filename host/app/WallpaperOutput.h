@@ -1,15 +1,13 @@
 #pragma once
 
+#include "engine/utils/TimeOfDay.h"
+
 #include <QObject>
 #include <QString>
 #include <QUuid>
 
 #include <cstdint>
 #include <optional>
-
-namespace engine::utils {
-enum class TimeOfDay;
-} // namespace engine::utils
 
 namespace host::app {
 

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "host/system/SystemEvents.h"
+
+#include <QDBusConnection>
+#include <QHash>
+#include <QString>
+#include <QStringList>
+#include <QVariantMap>
+
+namespace host::system {
+
+/// System events from D-Bus.
+///
+/// - Lock and unlock: `ActiveChanged` of org.freedesktop.ScreenSaver and of org.gnome.ScreenSaver
+///   on the session bus, and `Lock` / `Unlock` of this login session from logind on the system
+///   bus. Every event is passed on as it comes.
+/// - Wake: logind's `PrepareForSleep(false)`.
+/// - Power-saving mode: power-profiles-daemon's `ActiveProfile` being "power-saver", under its
+///   names net.hadess.PowerProfiles and org.freedesktop.UPower.PowerProfiles, whichever are
+///   present; `powerStateDidChange` when the merged state turns.
+///
+/// A bus or service that is not there gives no events, and says nothing.
+class DBusSystemEvents : public SystemEvents {
+    Q_OBJECT
+public:
+    explicit DBusSystemEvents(QDBusConnection sessionBus = QDBusConnection::sessionBus(),
+                              QDBusConnection systemBus = QDBusConnection::systemBus(), QObject* parent = nullptr);
+
+    bool isLowPowerModeEnabled() const override { return lowPower_; }
+
+    /// The logind session whose Lock and Unlock are followed; empty when none was found.
+    const QString& sessionPath() const { return sessionPath_; }
+
+private slots:
+    void onScreenSaverActiveChanged(bool active);
+    void onSessionLock();
+    void onSessionUnlock();
+    void onPrepareForSleep(bool start);
+    void onProfilesPropertiesChanged(const QString& interface, const QVariantMap& changed,
+                                     const QStringList& invalidated);
+
+private:
+    QString findSessionPath() const;
+    void readProfile(const QString& service);
+    void forgetProfile(const QString& service);
+    void updateLowPower();
+
+    QDBusConnection sessionBus_;
+    QDBusConnection systemBus_;
+    QString sessionPath_;
+    QHash<QString, QString> activeProfiles_;
+    bool lowPower_ = false;
+};
+
+} // namespace host::system
