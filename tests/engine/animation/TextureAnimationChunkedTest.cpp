@@ -1,0 +1,66 @@
+#include "engine/animation/TextureAnimationChunked.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using engine::animation::TextureAnimationChunked;
+
+TEST(TextureAnimationChunkedTest, LayoutOfASingleChunk) {
+    // 362 vertices, 18 key poses, one row per vertex: 19 rows.
+    const TextureAnimationChunked animal(362, 362, 18);
+    EXPECT_EQ(animal.textureWidth(), 362);
+    EXPECT_EQ(animal.frames(), 18);
+    EXPECT_EQ(animal.textureHeight(), 19);
+    EXPECT_FLOAT_EQ(animal.texelHalfWidth(), 0.0013812155f);
+    EXPECT_FLOAT_EQ(animal.texelHalfHeight(), 0.02631579f);
+    EXPECT_FLOAT_EQ(animal.texelHeight(), 0.05263158f);
+    EXPECT_FLOAT_EQ(animal.chunkSize(), 1.0f);
+}
+
+TEST(TextureAnimationChunkedTest, ChunkCountRoundsUp) {
+    const TextureAnimationChunked three(100, 250, 10);
+    EXPECT_EQ(three.textureHeight(), 33);
+    EXPECT_FLOAT_EQ(three.chunkSize(), 1.0f / 3.0f);
+    EXPECT_FLOAT_EQ(three.texelHeight(), 1.0f / 33.0f);
+    EXPECT_FLOAT_EQ(three.texelHalfWidth(), 0.005f);
+
+    EXPECT_EQ(TextureAnimationChunked(64, 64, 4).textureHeight(), 5);
+    EXPECT_EQ(TextureAnimationChunked(64, 65, 4).textureHeight(), 10);
+    EXPECT_FLOAT_EQ(TextureAnimationChunked(64, 65, 4).chunkSize(), 0.5f);
+    EXPECT_EQ(TextureAnimationChunked(64, 1, 4).textureHeight(), 5);
+}
+
+TEST(TextureAnimationChunkedTest, RowCoordinatesAddressRowCentres) {
+    const TextureAnimationChunked animal(362, 362, 18);
+    // Row r of 19 has its centre at (r + 0.5) / 19.
+    EXPECT_FLOAT_EQ(animal.animateStartToEnd(0.0f), 0.5f / 19.0f);
+    EXPECT_FLOAT_EQ(animal.animateStartToEnd(1.0f), 17.5f / 19.0f);
+    EXPECT_FLOAT_EQ(animal.animateStartToEnd(0.5f), 9.0f / 19.0f);
+
+    // Forward to the last frame at 0.5, then back.
+    EXPECT_FLOAT_EQ(animal.animateStartEndStart(0.0f), 0.5f / 19.0f);
+    EXPECT_FLOAT_EQ(animal.animateStartEndStart(0.25f), 9.0f / 19.0f);
+    EXPECT_FLOAT_EQ(animal.animateStartEndStart(0.75f), 9.0f / 19.0f);
+    EXPECT_FLOAT_EQ(animal.animateStartEndStart(0.5f), animal.animateStartToEnd(1.0f));
+    EXPECT_FLOAT_EQ(animal.animateStartEndStart(1.0f), animal.animateStartEndStart(0.0f));
+    EXPECT_FLOAT_EQ(animal.animateStartEndStart(0.4999f), 17.4966f / 19.0f);
+
+    // A single frame always reads row 0.
+    const TextureAnimationChunked still(16, 40, 1);
+    for (float t : {0.0f, 0.3f, 0.5f, 1.0f}) {
+        EXPECT_EQ(still.animateStartToEnd(t), still.texelHalfHeight());
+        EXPECT_EQ(still.animateStartEndStart(t), still.texelHalfHeight());
+    }
+}
+
+TEST(TextureAnimationChunkedTest, DegenerateSizesDoNotCrash) {
+    // A width of 0 gives an infinite chunk count, saturated to 2^31 - 1; the height then wraps
+    // like 32-bit arithmetic: (2^31 - 1) * 2 = 2^32 - 2, that is -2.
+    const TextureAnimationChunked zeroWidth(0, 10, 1);
+    EXPECT_EQ(zeroWidth.textureHeight(), -2);
+    // No vertices, no chunks: a height of 0.
+    EXPECT_EQ(TextureAnimationChunked(16, 0, 5).textureHeight(), 0);
+}
+
+} // namespace
