@@ -1,0 +1,207 @@
+#include "renderer/AstcTexture.h"
+
+#include <gtest/gtest.h>
+
+#include "renderer/textures/AstcDecoder.h"
+#include "tests/renderer/loaders/LoaderFiles.h"
+#include "tests/renderer/support/RecordingGl.h"
+
+namespace renderer {
+namespace {
+
+using test::astcFile;
+using test::countingBytes;
+using test::GlCall;
+using test::RecordingGl;
+using test::TempDir;
+using textures::AstcFormat;
+using textures::AstcInfo;
+
+TEST(AstcInfoTest, ReadsBlockSizeAndTwentyFourBitLittleEndianDimensions) {
+    auto file = astcFile(0x012345, 0x00ABCD, 6, 5, {});
+    const AstcInfo info = AstcInfo::parse(file, "t");
+    EXPECT_EQ(info, (AstcInfo{74565, 43981, 6, 5}));
+    EXPECT_EQ(info.toString(), "AstcInfo(width=74565, height=43981, blockWidth=6, blockHeight=5)");
+}
+
+TEST(AstcInfoTest, IgnoresTheMagicAndRefusesAShortHeader) {
+    const auto wrongMagic = astcFile(8, 8, 4, 4, {}, 0xDEADBEEF);
+    EXPECT_EQ(AstcInfo::parse(wrongMagic, "t"), (AstcInfo{8, 8, 4, 4}));
+    const std::vector<std::byte> shortHeader(wrongMagic.begin(), wrongMagic.begin() + 15);
+    EXPECT_THROW(AstcInfo::parse(shortHeader, "t"), std::runtime_error);
+}
+
+TEST(AstcFormatTest, EachTableBlockSizeHasItsLinearFormat) {
+    // Block size -> GL_COMPRESSED_RGBA_ASTC_<w>x<h>_KHR, numbered 0x93B0 (4x4) to 0x93BD (12x12).
+    const std::vector<std::tuple<int, int, GLenum>> table = {
+        {5, 4, 0x93B1},  {5, 5, 0x93B2},  {6, 5, 0x93B3},  {6, 6, 0x93B4},  {8, 5, 0x93B5},
+        {8, 6, 0x93B6},  {8, 8, 0x93B7},  {10, 5, 0x93B8}, {10, 6, 0x93B9}, {10, 8, 0x93BA},
+        {10, 10, 0x93BB}, {12, 10, 0x93BC}, {12, 12, 0x93BD},
+    };
+    for (const auto& [w, h, format] : table) {
+        const AstcFormat f = AstcFormat::forBlockSize(w, h);
+        EXPECT_EQ(f.glFormat, format) << w << "x" << h;
+        EXPECT_EQ(f.blockWidth, w);
+        EXPECT_EQ(f.blockHeight, h);
+    }
+}
+
+TEST(AstcFormatTest, EveryOtherBlockSizeReadsAsFourByFour) {
+    for (const auto& [w, h] : std::vector<std::pair<int, int>>{{4, 4}, {8, 7}, {4, 5}, {0, 0}, {12, 11}, {255, 1}}) {
+        EXPECT_EQ(AstcFormat::forBlockSize(w, h), (AstcFormat{0x93B0, 4, 4})) << w << "x" << h;
+    }
+    EXPECT_EQ(AstcFormat::forBlockSize(10, 6).toString(), "ASTC_10x6");
+}
+
+TEST(AstcLevelBlocksTest, RowsOfTheirFullLengthAreCopiedAsTheyStand) {
+    const auto blocks = countingBytes(4 * 16);
+    const auto result = AstcTexture::levelBlocks(blocks, AstcFormat{}, 8, 8, 32, "t");
+    EXPECT_EQ(result, blocks);
+}
+
+TEST(AstcLevelBlocksTest, AShortRowLengthMakesRowsOverlap) {
+    // 10 pixels of 4-wide blocks: 3 blocks a row, but rows start every (10 / 4) * 16 = 32 bytes.
+    std::vector<std::byte> blocks;
+    for (int block = 0; block < 5; ++block) {
+        blocks.insert(blocks.end(), 16, static_cast<std::byte>(block));
+    }
+    const auto result = AstcTexture::levelBlocks(blocks, AstcFormat{}, 10, 8, 32, "t");
+    ASSERT_EQ(result.size(), 6u * 16u);
+    const int expected[] = {0, 1, 2, 2, 3, 4};
+    for (int i = 0; i < 6; ++i) {
+        EXPECT_EQ(std::to_integer<int>(result[static_cast<std::size_t>(i) * 16]), expected[i]) << "block " << i;
+    }
+}
+
+TEST(AstcLevelBlocksTest, DataEndingBeforeTheLastBlockIsAnError) {
+    const auto blocks = countingBytes(4 * 16 - 1);
+    try {
+        AstcTexture::levelBlocks(blocks, AstcFormat{}, 8, 8, 32, "snow");
+        FAIL() << "no exception";
+    } catch (const std::runtime_error& e) {
+        EXPECT_NE(std::string(e.what()).find("snow"), std::string::npos);
+    }
+    EXPECT_TRUE(AstcTexture::levelBlocks({}, AstcFormat{}, 0, 8, 0, "empty").empty());
+}
+
+class AstcTextureLoadTest : public ::testing::Test {
+protected:
+    TempDir dir;
+    RecordingGl gl;
+
+    void writeSolid(const std::string& name, int width, int height, int bw, int bh) {
+        const AstcFormat format = AstcFormat::forBlockSize(bw, bh);
+        const auto size = static_cast<std::size_t>(format.blocksAcross(width) * format.blocksDown(height)) * 16;
+        dir.write(name, astcFile(width, height, bw, bh, countingBytes(size)));
+    }
+};
+
+TEST_F(AstcTextureLoadTest, CompressedUploadKeepsTheBlocksAndTheFormat) {
+    writeSolid("noise.astc", 12, 10, 6, 5);
+    const auto loaded = AstcTexture::load(gl, "noise", dir.path(), AstcTexture::Decoding::GPU);
+    EXPECT_EQ(loaded.width, 12);
+    EXPECT_EQ(loaded.height, 10);
+    EXPECT_EQ(loaded.levels, 1);
+    EXPECT_EQ(loaded.internalFormat, static_cast<GLenum>(GL_COMPRESSED_RGBA_ASTC_6x5_KHR));
+    const auto t = std::to_string(loaded.texture);
+    EXPECT_EQ(gl.log({GlCall::CompressedTexImage2D, GlCall::TexImage2D, GlCall::TexParameteri}),
+              (std::vector<std::string>{"compressedTexImage2D(" + t + ", 0, 37811, 12, 10, 64)",
+                                        "texParameteri(" + t + ", 33084, 0)", "texParameteri(" + t + ", 33085, 0)"}));
+}
+
+TEST_F(AstcTextureLoadTest, CpuDecodingUploadsRgba8) {
+    writeSolid("noise.astc", 8, 4, 4, 4);
+    const auto loaded = AstcTexture::load(gl, "noise", dir.path(), AstcTexture::Decoding::CPU);
+    EXPECT_EQ(loaded.internalFormat, static_cast<GLenum>(GL_RGBA8));
+    EXPECT_EQ(gl.count(GlCall::CompressedTexImage2D), 0u);
+    EXPECT_EQ(gl.log({GlCall::TexImage2D}),
+              (std::vector<std::string>{"texImage2D(" + std::to_string(loaded.texture) + ", 0, 32856, 8, 4, 6408, 5121, 1)"}));
+}
+
+TEST_F(AstcTextureLoadTest, AutomaticDecodingFollowsTheDriversExtension) {
+    EXPECT_FALSE(AstcTexture::uploadsCompressed(gl, AstcTexture::Decoding::AUTO));
+    gl.extensions.insert("GL_KHR_texture_compression_astc_ldr");
+    EXPECT_TRUE(AstcTexture::uploadsCompressed(gl, AstcTexture::Decoding::AUTO));
+    EXPECT_FALSE(AstcTexture::uploadsCompressed(gl, AstcTexture::Decoding::CPU));
+}
+
+TEST_F(AstcTextureLoadTest, MipmappedTextureReadsOneFilePerLevelAndStopsAtTheCount) {
+    writeSolid("caustics1_0.astc", 32, 32, 8, 8);
+    writeSolid("caustics1_1.astc", 16, 16, 8, 8);
+    writeSolid("caustics1_2.astc", 8, 8, 8, 8);
+    writeSolid("caustics1_3.astc", 4, 4, 8, 8);
+    writeSolid("caustics1_4.astc", 2, 2, 8, 8); // beyond the count: never read
+    const auto loaded = AstcTexture::loadMipmapped(gl, "caustics1", dir.path(), 3, AstcTexture::Decoding::GPU);
+    EXPECT_EQ(loaded.levels, 4);
+    EXPECT_EQ(loaded.width, 32);
+    const auto t = std::to_string(loaded.texture);
+    EXPECT_EQ(gl.log({GlCall::CompressedTexImage2D, GlCall::TexParameteri}),
+              (std::vector<std::string>{
+                  "compressedTexImage2D(" + t + ", 0, 37815, 32, 32, 256)",
+                  "compressedTexImage2D(" + t + ", 1, 37815, 16, 16, 64)",
+                  "compressedTexImage2D(" + t + ", 2, 37815, 8, 8, 16)",
+                  "compressedTexImage2D(" + t + ", 3, 37815, 4, 4, 16)",
+                  "texParameteri(" + t + ", 33084, 0)",
+                  "texParameteri(" + t + ", 33085, 3)",
+              }));
+}
+
+TEST_F(AstcTextureLoadTest, MipLevelsRoundTheirRowLengthUp) {
+    // 10 pixels of 4-wide blocks: three full blocks a row, 3 * 3 blocks in all.
+    writeSolid("odd_0.astc", 10, 10, 4, 4);
+    EXPECT_NO_THROW(AstcTexture::loadMipmapped(gl, "odd", dir.path(), 0, AstcTexture::Decoding::GPU));
+    // The single-level loader reads rows two blocks apart, so the same file is long enough too,
+    // but a file holding only the 3 * 2 + 1 blocks that the short rows need fails the mip loader.
+    dir.write("short_0.astc", astcFile(10, 10, 4, 4, countingBytes(7 * 16)));
+    dir.write("short.astc", astcFile(10, 10, 4, 4, countingBytes(7 * 16)));
+    EXPECT_NO_THROW(AstcTexture::load(gl, "short", dir.path(), AstcTexture::Decoding::GPU));
+    EXPECT_THROW(AstcTexture::loadMipmapped(gl, "short", dir.path(), 0, AstcTexture::Decoding::GPU),
+                 std::runtime_error);
+}
+
+TEST_F(AstcTextureLoadTest, MissingLevelIsNamedWithItsSuffixAndLeavesNoTexture) {
+    writeSolid("room1_0.astc", 8, 8, 4, 4);
+    writeSolid("room1_1.astc", 4, 4, 4, 4);
+    try {
+        AstcTexture::loadMipmapped(gl, "room1", dir.path(), 2, AstcTexture::Decoding::GPU);
+        FAIL() << "no exception";
+    } catch (const std::runtime_error& e) {
+        EXPECT_STREQ(e.what(), "File not found in bundle: room1_2");
+    }
+    EXPECT_EQ(gl.liveTextures(), 0u);
+}
+
+TEST_F(AstcTextureLoadTest, FileFaultsAreErrorsNotCrashes) {
+    try {
+        AstcTexture::load(gl, "absent", dir.path());
+        FAIL() << "no exception";
+    } catch (const std::runtime_error& e) {
+        EXPECT_STREQ(e.what(), "File not found in bundle: absent");
+    }
+    dir.write("empty.astc", {});
+    EXPECT_THROW(AstcTexture::load(gl, "empty", dir.path()), std::runtime_error);
+    dir.write("header.astc", countingBytes(10));
+    EXPECT_THROW(AstcTexture::load(gl, "header", dir.path()), std::runtime_error);
+    dir.write("cut.astc", astcFile(16, 16, 4, 4, countingBytes(15 * 16)));
+    EXPECT_THROW(AstcTexture::load(gl, "cut", dir.path()), std::runtime_error);
+    EXPECT_THROW(AstcTexture::loadMipmapped(gl, "cut", dir.path(), -1), std::invalid_argument);
+    EXPECT_EQ(gl.liveTextures(), 0u);
+}
+
+TEST_F(AstcTextureLoadTest, BytesPastTheLastBlockAndAWrongMagicAreIgnored) {
+    dir.write("long.astc", astcFile(4, 4, 4, 4, countingBytes(16 + 100), 0));
+    const auto loaded = AstcTexture::load(gl, "long", dir.path(), AstcTexture::Decoding::GPU);
+    EXPECT_EQ(gl.log({GlCall::CompressedTexImage2D}),
+              (std::vector<std::string>{"compressedTexImage2D(" + std::to_string(loaded.texture) +
+                                        ", 0, 37808, 4, 4, 16)"}));
+}
+
+TEST_F(AstcTextureLoadTest, BlockSizeOutsideTheTableUploadsFourByFourBlocks) {
+    // 8 by 7 reads as 4 by 4: an 8 by 8 image is then 2 * 2 blocks, rows 8 / 8 * 16 bytes apart.
+    dir.write("odd.astc", astcFile(8, 8, 8, 7, countingBytes(3 * 16)));
+    const auto loaded = AstcTexture::load(gl, "odd", dir.path(), AstcTexture::Decoding::GPU);
+    EXPECT_EQ(loaded.internalFormat, static_cast<GLenum>(GL_COMPRESSED_RGBA_ASTC_4x4_KHR));
+}
+
+} // namespace
+} // namespace renderer
