@@ -1,7 +1,5 @@
-#include "engine/camera/CameraMode.h"
 #include "engine/camera/CameraPosition.h"
 #include "engine/camera/CameraPositionPair.h"
-#include "engine/camera/CameraState.h"
 
 #include <gtest/gtest.h>
 
@@ -11,19 +9,6 @@ namespace {
 
 using namespace engine::camera;
 using engine::math::Vec3;
-
-TEST(CameraValuesTest, EnumerationNamesAndValues) {
-    EXPECT_EQ(toString(CameraMode::ROTATING), "ROTATING");
-    EXPECT_EQ(toString(CameraMode::RANDOM_POSITIONS), "RANDOM_POSITIONS");
-    EXPECT_EQ(toString(CameraMode::FIXED), "FIXED");
-    EXPECT_EQ(value(CameraMode::ROTATING), 0);
-    EXPECT_EQ(value(CameraMode::RANDOM_POSITIONS), 1);
-    EXPECT_EQ(value(CameraMode::FIXED), 2);
-    EXPECT_EQ(toString(CameraState::ANIMATING), "ANIMATING");
-    EXPECT_EQ(toString(CameraState::TRANSITIONING), "TRANSITIONING");
-    EXPECT_EQ(value(CameraState::ANIMATING), 0);
-    EXPECT_EQ(value(CameraState::TRANSITIONING), 1);
-}
 
 TEST(CameraValuesTest, PositionAndPairTextForms) {
     const CameraPosition start(Vec3(1, 2, 3), Vec3(0.5f, 0, -1));

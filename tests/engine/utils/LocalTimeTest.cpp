@@ -63,15 +63,6 @@ TEST(LocalTimeTest, HourAndMinuteFollowTheTimeZone) {
     FAIL() << "the minute kept turning over";
 }
 
-TEST(LocalTimeTest, RangesOfHourAndMinute) {
-    const int hour = engine::utils::getCurrentHour();
-    const int minute = engine::utils::getCurrentMinute();
-    EXPECT_GE(hour, 0);
-    EXPECT_LE(hour, 23);
-    EXPECT_GE(minute, 0);
-    EXPECT_LE(minute, 59);
-}
-
 TEST(LocalTimeTest, DefaultDynamicTimeOfDayReadsTheLocalClock) {
     TimeZone guard("UTC0");
     engine::utils::DynamicTimeOfDay time;
