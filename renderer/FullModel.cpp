@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "renderer/textures/FatalError.h"
+#include "renderer/Fatal.h"
 #include "renderer/textures/ResourceFile.h"
 
 namespace renderer {
@@ -115,7 +115,7 @@ void FullModel::load(gl::Gl& gl, const std::filesystem::path& resources) {
     try {
         data = read(resources);
     } catch (const std::exception& e) {
-        textures::fatalError(std::string("Cannot create model buffers: ") + e.what());
+        Fatal::stop(std::string("Cannot create model buffers: ") + e.what());
     }
     upload(gl, data);
 }

@@ -2,7 +2,7 @@
 
 #include <exception>
 
-#include "renderer/textures/FatalError.h"
+#include "renderer/Fatal.h"
 #include "renderer/textures/Fp16Texture.h"
 #include "renderer/textures/WebpTexture.h"
 
@@ -34,7 +34,7 @@ std::optional<LoadedTexture> TextureFiles::load(gl::Gl& gl, const engine::Textur
         return tryLoad(gl, texture, directory, decoding);
     } catch (const std::exception&) {
         // The loader's own words are for a debugger; the stop names the texture.
-        fatalError("Cannot load texture " + texture.fileName);
+        Fatal::stop("Cannot load texture " + texture.fileName);
     }
 }
 
