@@ -1,0 +1,23 @@
+#pragma once
+
+#include "host/view/FrameRenderer.h"
+
+#include <memory>
+
+namespace host::view {
+
+/// The scene that the drawing view shows, and the way to make renderers of it. The scene is
+/// made once and outlives every renderer: each appearing of a view makes a new renderer over it.
+class SceneContent {
+public:
+    virtual ~SceneContent() = default;
+
+    /// A new renderer of the scene, loading its assets now; the view's GL context is current.
+    /// A missing required asset ends the process, as the renderer's loaders do.
+    virtual std::unique_ptr<FrameRenderer> makeRenderer() = 0;
+
+    /// Writes the scene's vignette switch and camera period; it takes them up at its next frame.
+    virtual void setSceneSettings(bool vignette, float cameraPeriod) = 0;
+};
+
+} // namespace host::view
