@@ -1,0 +1,98 @@
+#include "host/app/Application.h"
+
+#include "host/app/AppState.h"
+#include "host/app/AppStateDiagnostics.h"
+#include "host/app/WallpaperOutput.h"
+#include "host/settings/ConfigCommand.h"
+#include "host/settings/Settings.h"
+#include "host/system/DBusSystemEvents.h"
+#include "host/system/LaunchAtLogin.h"
+#include "host/system/SingleInstance.h"
+#include "host/system/UPowerSourceWatcher.h"
+
+#include <QApplication>
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QTextStream>
+
+#include <cstdio>
+#include <cstring>
+#include <iostream>
+
+namespace host::app {
+
+namespace {
+
+void nameApplication() {
+    QCoreApplication::setApplicationName(Application::displayName());
+    QCoreApplication::setApplicationVersion(Application::version());
+    QCoreApplication::setOrganizationName(QString());
+}
+
+int runConfig(int argc, char** argv) {
+    QCoreApplication app(argc, argv);
+    nameApplication();
+    QStringList arguments = QCoreApplication::arguments().mid(2);
+    settings::Settings settings(settings::SettingsStore::defaultFilePath());
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    return settings::ConfigCommand::run(arguments, settings, out, err);
+}
+
+} // namespace
+
+QString Application::displayName() {
+    return QStringLiteral("Nivalis");
+}
+
+QString Application::version() {
+#ifdef NIVALIS_VERSION
+    return QStringLiteral(NIVALIS_VERSION);
+#else
+    return QStringLiteral("Unknown");
+#endif
+}
+
+int Application::run(int argc, char** argv, const Parts& parts) {
+    if (argc > 1 && std::strcmp(argv[1], "config") == 0) {
+        return runConfig(argc, argv);
+    }
+
+    QApplication app(argc, argv);
+    nameApplication();
+    QGuiApplication::setApplicationDisplayName(displayName());
+    QGuiApplication::setDesktopFileName(QStringLiteral("nivalis"));
+    // The program lives in the tray: closing the settings or About window leaves it running.
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    system::SingleInstance instance;
+    if (instance.claim() == system::SingleInstance::Role::Secondary) {
+        instance.askRunningInstanceToReveal();
+        return 0;
+    }
+
+    settings::Settings settings(settings::SettingsStore::defaultFilePath());
+    system::LaunchAtLogin launchAtLogin(system::LaunchAtLogin::defaultEntryPath(),
+                                        QCoreApplication::applicationFilePath());
+    system::DBusSystemEvents events;
+    std::unique_ptr<WallpaperOutput> output = parts.makeOutput(settings, events);
+    AppState state({settings, *output, events, system::UPowerSourceWatcher::create(), std::cout});
+
+    QObject::connect(&instance, &system::SingleInstance::revealRequested, &state,
+                     &AppState::temporarilyRevealStatusItem);
+    QObject::connect(&state, &AppState::quitRequested, &app, &QCoreApplication::quit, Qt::QueuedConnection);
+    if (parts.showSettings) {
+        QObject::connect(&state, &AppState::settingsRequested, &state,
+                         [&] { parts.showSettings(settings, launchAtLogin); });
+    }
+    if (parts.showAbout) {
+        QObject::connect(&state, &AppState::aboutRequested, &state, [&] { parts.showAbout(); });
+    }
+
+    AppStateDiagnostics diagnostics(state, *output);
+    diagnostics.publish(QDBusConnection::sessionBus());
+
+    return app.exec();
+}
+
+} // namespace host::app

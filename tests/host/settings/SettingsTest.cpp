@@ -1,0 +1,287 @@
+#include "host/settings/Settings.h"
+
+#include "tests/host/app/TestApplication.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <vector>
+
+namespace host::settings {
+namespace {
+
+class SettingsTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        testing::testApplication();
+        ASSERT_TRUE(dir.isValid());
+        path = dir.filePath(QStringLiteral("config/nivalis/nivalis.conf"));
+        settings = std::make_unique<Settings>(path);
+    }
+
+    /// The file's text, or empty when it does not exist.
+    QString fileText() const {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    }
+
+    /// Writes `text` as the whole file, the way an editor saving by rename does.
+    void writeFile(const QString& text) const {
+        QDir().mkpath(QFileInfo(path).absolutePath());
+        QSaveFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text.toUtf8());
+        ASSERT_TRUE(file.commit());
+    }
+
+    QTemporaryDir dir;
+    QString path;
+    std::unique_ptr<Settings> settings;
+};
+
+TEST_F(SettingsTest, FreshUserReadsEveryDefaultAndNothingIsWritten) {
+    EXPECT_FALSE(settings->hideMenuBarIcon.read());
+    EXPECT_EQ(settings->display.read(), std::nullopt);
+    EXPECT_FALSE(settings->deactivateOnBattery.read());
+    EXPECT_TRUE(settings->showOnAllSpaces.read());
+    EXPECT_FALSE(settings->bringBrowsingModeToFront.read());
+    EXPECT_TRUE(settings->muteAudio.read());
+    EXPECT_FALSE(settings->extendVeilBelowMenuBar.read());
+    EXPECT_EQ(settings->fps.read(), 30);
+    EXPECT_TRUE(settings->lowPowerMode.read());
+    EXPECT_TRUE(settings->batteryMode.read());
+    EXPECT_TRUE(settings->sceneVignette.read());
+    EXPECT_EQ(settings->sceneSpeed.read(), 1.5f);
+    EXPECT_EQ(settings->sceneTime.read(), QStringLiteral("auto"));
+    EXPECT_EQ(settings->clockFont.read(), QStringLiteral("Baloo"));
+    EXPECT_EQ(settings->clockFormat.read(), QStringLiteral("h:mm"));
+    EXPECT_FALSE(settings->clockEnabled.read());
+    EXPECT_EQ(settings->clockOpacity.read(), 0.7);
+    EXPECT_EQ(settings->clockSize.read(), 220.0f);
+
+    auto subscription = settings->fps.subscribe(ObservationOption::Initial, [](const auto&) {});
+    EXPECT_FALSE(QFileInfo::exists(path));
+    EXPECT_FALSE(QFileInfo::exists(QFileInfo(path).absolutePath())) << "not even the folder";
+}
+
+TEST_F(SettingsTest, KeyTableNamesAndOrder) {
+    QStringList names;
+    for (const SettingsKeyBase* key : settings->keys()) {
+        names << key->name();
+    }
+    EXPECT_EQ(names, (QStringList{"hideMenuBarIcon", "display", "deactivateOnBattery", "showOnAllSpaces",
+                                  "bringBrowsingModeToFront", "muteAudio", "extendVeilBelowMenuBar", "fps",
+                                  "lowPowerMode", "batteryMode", "sceneVignette", "sceneSpeed", "sceneTime",
+                                  "clockFont", "clockFormat", "clockEnabled", "clockOpacity", "clockSize"}));
+    EXPECT_EQ(settings->find(QStringLiteral("clockSize")), &settings->clockSize);
+    EXPECT_EQ(settings->find(QStringLiteral("ClockSize")), nullptr);
+}
+
+TEST_F(SettingsTest, WritingTheDefaultStoresIt) {
+    settings->fps.write(30);
+    EXPECT_TRUE(settings->fps.hasEntry());
+    EXPECT_TRUE(fileText().contains(QStringLiteral("fps=30")));
+    // A second program over the same file sees the entry.
+    Settings other(path);
+    EXPECT_TRUE(other.fps.hasEntry());
+}
+
+TEST_F(SettingsTest, ValuesAreStoredAsReadableText) {
+    settings->hideMenuBarIcon.write(true);
+    settings->fps.write(60);
+    settings->sceneSpeed.write(2.25f);
+    settings->clockOpacity.write(0.7);
+    settings->clockSize.write(333.3f);
+    settings->clockFormat.write(QStringLiteral("HH:mm"));
+    settings->clockFont.write(QStringLiteral("Virgo 01"));
+    const QString text = fileText();
+    EXPECT_TRUE(text.contains(QStringLiteral("hideMenuBarIcon=true"))) << text.toStdString();
+    EXPECT_TRUE(text.contains(QStringLiteral("fps=60")));
+    EXPECT_TRUE(text.contains(QStringLiteral("sceneSpeed=2.25")));
+    EXPECT_TRUE(text.contains(QStringLiteral("clockOpacity=0.7\n")));
+    // The shortest text that reads back to the same single-precision value.
+    EXPECT_TRUE(text.contains(QStringLiteral("clockSize=333.3\n")));
+
+    Settings other(path);
+    EXPECT_TRUE(other.hideMenuBarIcon.read());
+    EXPECT_EQ(other.fps.read(), 60);
+    EXPECT_EQ(other.sceneSpeed.read(), 2.25f);
+    EXPECT_EQ(other.clockOpacity.read(), 0.7);
+    EXPECT_EQ(other.clockSize.read(), 333.3f);
+    EXPECT_EQ(other.clockFormat.read(), QStringLiteral("HH:mm"));
+    EXPECT_EQ(other.clockFont.read(), QStringLiteral("Virgo 01"));
+}
+
+TEST_F(SettingsTest, DisplayIsStoredAsUpperCaseUuidAndGarbageReadsAbsent) {
+    const QUuid id = QUuid::fromString(QStringLiteral("{6ba7b810-9dad-11d1-80b4-00c04fd430c8}"));
+    settings->display.write(id);
+    EXPECT_TRUE(fileText().contains(QStringLiteral("display=6BA7B810-9DAD-11D1-80B4-00C04FD430C8")));
+    EXPECT_EQ(settings->display.read(), id);
+    EXPECT_EQ(settings->display.valueText(), QStringLiteral("6BA7B810-9DAD-11D1-80B4-00C04FD430C8"));
+
+    settings->display.write(std::nullopt);
+    EXPECT_FALSE(settings->display.hasEntry()) << "absent means no entry";
+
+    writeFile(QStringLiteral("[General]\ndisplay=not a display\n"));
+    settings->store().reload();
+    EXPECT_TRUE(settings->display.hasEntry());
+    EXPECT_EQ(settings->display.read(), std::nullopt);
+    writeFile(QStringLiteral("[General]\ndisplay=6ba7b810-9dad-11d1-80b4-00c04fd430c8\n"));
+    settings->store().reload();
+    EXPECT_EQ(settings->display.read(), id) << "letter case does not matter when reading";
+}
+
+TEST_F(SettingsTest, UndecodableEntriesReadAsTheDefault) {
+    writeFile(QStringLiteral("[General]\n"
+                             "fps=sixty\n"
+                             "batteryMode=maybe\n"
+                             "sceneSpeed=nan\n"
+                             "clockOpacity=0.5x\n"
+                             "clockSize=1e999\n"
+                             "clockFont=Abril, Baloo\n"
+                             "clockEnabled=TRUE\n"
+                             "hideMenuBarIcon=1\n"
+                             "sceneVignette=0\n"
+                             "extendVeilBelowMenuBar=\n"));
+    settings->store().reload();
+    EXPECT_EQ(settings->fps.read(), 30);
+    EXPECT_TRUE(settings->batteryMode.read());
+    EXPECT_EQ(settings->sceneSpeed.read(), 1.5f);
+    EXPECT_EQ(settings->clockOpacity.read(), 0.7);
+    EXPECT_EQ(settings->clockSize.read(), 220.0f) << "out of range for a float";
+    EXPECT_EQ(settings->clockFont.read(), QStringLiteral("Baloo")) << "an unquoted list is not a text";
+    EXPECT_TRUE(settings->clockEnabled.read());
+    EXPECT_TRUE(settings->hideMenuBarIcon.read());
+    EXPECT_FALSE(settings->sceneVignette.read());
+    EXPECT_FALSE(settings->extendVeilBelowMenuBar.read());
+
+    writeFile(QStringLiteral("[General]\nfps=30.5\n"));
+    settings->store().reload();
+    EXPECT_EQ(settings->fps.read(), 30) << "not an integer";
+    writeFile(QStringLiteral("[General]\nfps=  45  \n")); // differs in size from the last write
+    settings->store().reload();
+    EXPECT_EQ(settings->fps.read(), 45);
+}
+
+TEST_F(SettingsTest, WritesKeepEntriesThisProgramDoesNotKnow) {
+    writeFile(QStringLiteral("[General]\nfutureKey=kept\nfps=20\n\n[Other]\nsomething=1\n"));
+    settings->store().reload();
+    settings->fps.write(60);
+    settings->sceneTime.write(QStringLiteral("night"));
+    QSettings raw(path, QSettings::IniFormat);
+    EXPECT_EQ(raw.value(QStringLiteral("futureKey")).toString(), QStringLiteral("kept"));
+    EXPECT_EQ(raw.value(QStringLiteral("Other/something")).toString(), QStringLiteral("1"));
+    EXPECT_EQ(raw.value(QStringLiteral("fps")).toString(), QStringLiteral("60"));
+    // Nothing is left beside the file by the replacing write.
+    const QStringList leftovers =
+        QDir(QFileInfo(path).absolutePath()).entryList(QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot);
+    EXPECT_EQ(leftovers, QStringList{QStringLiteral("nivalis.conf")});
+}
+
+TEST_F(SettingsTest, InitialRunsOnceAtOnceAndChangesCarryOldAndNewValues) {
+    settings->fps.write(20);
+    std::vector<KeyChange<int>> seen;
+    auto subscription = settings->fps.subscribe(ObservationOption::Initial, [&](const auto& c) { seen.push_back(c); });
+    ASSERT_EQ(seen.size(), 1u);
+    EXPECT_EQ(seen[0].newValue, 20);
+    EXPECT_EQ(seen[0].oldValue, std::nullopt);
+
+    settings->fps.write(60);
+    ASSERT_EQ(seen.size(), 2u);
+    EXPECT_EQ(seen[1].newValue, 60);
+    EXPECT_EQ(seen[1].oldValue, 20);
+
+    settings->fps.remove();
+    ASSERT_EQ(seen.size(), 3u);
+    EXPECT_EQ(seen[2].newValue, 30) << "removing the entry brings the default";
+    EXPECT_EQ(seen[2].oldValue, 60);
+
+    // Another key's change is not this key's.
+    settings->clockSize.write(200.0f);
+    EXPECT_EQ(seen.size(), 3u);
+}
+
+TEST_F(SettingsTest, WithoutInitialOnlyChangesArriveAndTwoSubscribersFollowEachOther) {
+    int first = 0;
+    int second = 0;
+    bool lastValue = false;
+    auto a = settings->lowPowerMode.subscribe(ObservationOption::None, [&](const auto&) { ++first; });
+    auto b = settings->lowPowerMode.subscribe(ObservationOption::None, [&](const auto& c) {
+        ++second;
+        lastValue = c.newValue;
+    });
+    EXPECT_EQ(first, 0);
+    settings->lowPowerMode.write(false);
+    EXPECT_EQ(first, 1);
+    EXPECT_EQ(second, 1);
+    EXPECT_FALSE(lastValue);
+}
+
+TEST_F(SettingsTest, DroppingTheHandleEndsTheSubscription) {
+    int calls = 0;
+    {
+        auto subscription = settings->sceneTime.subscribe(ObservationOption::None, [&](const auto&) { ++calls; });
+        settings->sceneTime.write(QStringLiteral("day"));
+        Subscription moved = std::move(subscription);
+        EXPECT_FALSE(subscription.isActive());
+        EXPECT_TRUE(moved.isActive());
+        settings->sceneTime.write(QStringLiteral("dusk"));
+    }
+    settings->sceneTime.write(QStringLiteral("dawn"));
+    EXPECT_EQ(calls, 2);
+}
+
+TEST_F(SettingsTest, WritingTheSameValueAgainAnnouncesNothing) {
+    settings->clockEnabled.write(true);
+    int calls = 0;
+    auto subscription = settings->clockEnabled.subscribe(ObservationOption::None, [&](const auto&) { ++calls; });
+    settings->clockEnabled.write(true);
+    EXPECT_EQ(calls, 0);
+}
+
+TEST_F(SettingsTest, ChangesByAnotherProcessAreAnnounced) {
+    std::vector<KeyChange<int>> seen;
+    auto subscription = settings->fps.subscribe(ObservationOption::None, [&](const auto& c) { seen.push_back(c); });
+
+    // The file and its folder do not exist yet: the first outside write creates both.
+    Settings outside(path);
+    outside.fps.write(60);
+    QTRY_COMPARE_WITH_TIMEOUT(seen.size(), 1u, 3000);
+    EXPECT_EQ(seen[0].newValue, 60);
+    EXPECT_EQ(seen[0].oldValue, 30);
+
+    // An editor replacing the file.
+    writeFile(QStringLiteral("[General]\nfps=20\n"));
+    QTRY_COMPARE_WITH_TIMEOUT(seen.size(), 2u, 3000);
+    EXPECT_EQ(seen[1].newValue, 20);
+
+    // Removal of the whole file brings the default back.
+    QFile::remove(path);
+    QTRY_COMPARE_WITH_TIMEOUT(seen.size(), 3u, 3000);
+    EXPECT_EQ(seen[2].newValue, 30);
+
+    // And the watcher still works after that.
+    outside.fps.write(45);
+    QTRY_COMPARE_WITH_TIMEOUT(seen.size(), 4u, 3000);
+    EXPECT_EQ(seen[3].newValue, 45);
+}
+
+TEST_F(SettingsTest, OwnWritesAreAnnouncedOnceNotAgainByTheWatcher) {
+    QSignalSpy spy(&settings->store(), &SettingsStore::entryChanged);
+    settings->sceneVignette.write(false);
+    EXPECT_EQ(spy.count(), 1);
+    QTest::qWait(300);
+    EXPECT_EQ(spy.count(), 1);
+}
+
+} // namespace
+} // namespace host::settings
