@@ -3,6 +3,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <typeinfo>
 #include <utility>
 
 #include "engine/SetUniform.h"
@@ -93,20 +94,42 @@ void Scene::setMvpUniform(const std::shared_ptr<commands::UniformValue>& uniform
 }
 
 void Scene::updateMeshTransformations(const CommandList& list) {
+    using commands::DrawStaticMeshCommand;
+    using commands::DrawTransformedMeshCommand;
+    using commands::GroupCommand;
     for (const auto& node : list) {
         commands::Command* command = node.get();
         if (command == nullptr || !command->enabled) {
             continue;
         }
-        if (auto* group = dynamic_cast<commands::GroupCommand*>(command)) {
+        // The engine's own classes are recognised by their exact type, which is cheaper than a
+        // chain of failing dynamic_casts; anything else (scene-defined subclasses) goes through
+        // dynamic_cast, so derived classes are still treated as what they derive from.
+        const std::type_info& type = typeid(*command);
+        GroupCommand* group = nullptr;
+        DrawTransformedMeshCommand* draw = nullptr;
+        DrawStaticMeshCommand* fixed = nullptr;
+        if (type == typeid(DrawTransformedMeshCommand)) {
+            draw = static_cast<DrawTransformedMeshCommand*>(command);
+        } else if (type == typeid(DrawStaticMeshCommand)) {
+            fixed = static_cast<DrawStaticMeshCommand*>(command);
+            draw = fixed;
+        } else if (type == typeid(GroupCommand)) {
+            group = static_cast<GroupCommand*>(command);
+        } else if ((group = dynamic_cast<GroupCommand*>(command)) == nullptr) {
+            draw = dynamic_cast<DrawTransformedMeshCommand*>(command);
+            if (draw != nullptr) {
+                fixed = dynamic_cast<DrawStaticMeshCommand*>(draw);
+            }
+        }
+        if (group != nullptr) {
             updateMeshTransformations(group->commands);
             continue;
         }
-        auto* draw = dynamic_cast<commands::DrawTransformedMeshCommand*>(command);
         if (draw == nullptr) {
             continue;
         }
-        if (auto* fixed = dynamic_cast<commands::DrawStaticMeshCommand*>(draw)) {
+        if (fixed != nullptr) {
             calculateMVPMatrixFromModelMatrix(fixed->modelMatrix);
             matModel = fixed->modelMatrix;
         } else {

@@ -386,6 +386,40 @@ TEST_F(MeshTransformationsTest, RecursesIntoEveryKindOfGroupInListOrder) {
     EXPECT_EQ(scene.matModel, translation(3, 0, 0));
 }
 
+// Classes a scene derives for itself are treated as what they derive from.
+class SceneGroup : public GroupCommand {
+public:
+    CommandType type() const override { return CommandType::CUSTOM; }
+};
+
+class SceneDraw : public DrawTransformedMeshCommand {
+public:
+    using DrawTransformedMeshCommand::DrawTransformedMeshCommand;
+};
+
+class SceneStaticDraw : public DrawStaticMeshCommand {
+public:
+    using DrawStaticMeshCommand::DrawStaticMeshCommand;
+};
+
+TEST_F(MeshTransformationsTest, SceneDefinedSubclassesAreWalkedByWhatTheyDeriveFrom) {
+    auto moving = matrixUniform();
+    auto fixed = matrixUniform();
+    auto group = std::make_shared<SceneGroup>();
+    group->commands = {
+        std::make_shared<SceneDraw>(nullptr, std::vector<std::shared_ptr<UniformValue>>{moving}, nullptr, at(4, 0, 0),
+                                    -1, 0, -1, -1, PrimitiveType::TRIANGLES),
+        std::make_shared<SceneStaticDraw>(nullptr, std::vector<std::shared_ptr<UniformValue>>{fixed}, nullptr,
+                                          at(5, 0, 0), -1, 0, -1, -1, PrimitiveType::TRIANGLES)};
+    std::static_pointer_cast<SceneStaticDraw>(group->commands[1])->transform = at(50, 0, 0);
+    scene.commands = {group};
+
+    scene.updateMeshTransformations(scene.commands);
+
+    expectMatNear(moving->value, translation(4, 0, 0));
+    expectMatNear(fixed->value, translation(5, 0, 0));
+}
+
 TEST_F(MeshTransformationsTest, DisabledSubtreesAndNullEntriesAreSkipped) {
     auto hidden = matrixUniform();
     auto visible = matrixUniform();

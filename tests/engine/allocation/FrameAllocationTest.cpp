@@ -138,11 +138,20 @@ TEST(FrameAllocationTest, FrameReallyDoesTheWork) {
         scene.updateTimers(now);
         now += FRAME_MS;
     }
-    for (const auto& mover : scene.movers) {
-        const auto* mvp = dynamic_cast<engine::commands::UniformFloatValue*>(mover->uniforms[0].get());
-        ASSERT_NE(mvp, nullptr);
-        EXPECT_NE(mvp->value[15], 0.0f) << "a perspective MVP has w depending on depth";
+    int written = 0;
+    for (const auto& group : scene.groups) {
+        if (!group->enabled) {
+            continue;
+        }
+        for (const auto& node : group->commands) {
+            const auto& draw = static_cast<const engine::commands::DrawMeshCommand&>(*node);
+            const auto* mvp = dynamic_cast<engine::commands::UniformFloatValue*>(draw.uniforms[0].get());
+            ASSERT_NE(mvp, nullptr);
+            EXPECT_NE(mvp->value[15], 0.0f) << "a perspective MVP has w depending on depth";
+            ++written;
+        }
     }
+    EXPECT_EQ(written, (SyntheticScene::GROUPS - 1) * SyntheticScene::DRAWS_PER_GROUP);
 }
 
 } // namespace

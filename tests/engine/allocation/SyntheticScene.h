@@ -34,7 +34,7 @@
 namespace engine::testing {
 
 /// A scene shaped like the real ones, for measuring the frame path: a blurred pass and a main
-/// pass sharing five groups of ten transformed draws, a few static draws, a plain draw moved
+/// pass sharing five groups of ten transformed draws (two of which take turns), a few static draws, a plain draw moved
 /// through setMvpUniform, a switched-off group, a shared hint list, timers and a camera animator
 /// over three paths. Its frame writes settings-like values, toggles a group, rewrites transforms
 /// and uniforms and then runs the matrix walk, as a concrete scene's animate() does.
@@ -189,7 +189,10 @@ public:
         (*sharedHints)[0] = lowQuality ? commands::HINT_VRS_2X2 : commands::HINT_VRS_NONE;
         palette->value = (frames / 100) % 2 == 0 ? paletteDay : paletteNight;
         hiddenGroup->enabled = false;
-        groups[GROUPS - 1]->enabled = (frames / 50) % 2 == 0;
+        // Two groups of equal size take turns, so every frame walks the same number of draws.
+        const bool firstShown = (frames / 50) % 2 == 0;
+        groups[GROUPS - 2]->enabled = firstShown;
+        groups[GROUPS - 1]->enabled = !firstShown;
 
         calculateProjection(1.0f, viewportWidth, viewportHeight);
         const math::Vec3& eye = cameraAnimator.positionInterpolator.cameraPosition;
