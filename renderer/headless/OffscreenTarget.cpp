@@ -14,8 +14,13 @@ OffscreenTarget::OffscreenTarget(int width, int height) : width_(width), height_
     if (width < 1 || height < 1 || width > maxSize || height > maxSize) {
         throw std::invalid_argument("Invalid offscreen size " + std::to_string(width) + "x" + std::to_string(height));
     }
+    // Creating the target leaves the caller's bindings as they were.
     GLint previous = 0;
     glGetIntegerv(GL_FRAMEBUFFER_BINDING, &previous);
+    GLint previousTexture = 0;
+    glGetIntegerv(GL_TEXTURE_BINDING_2D, &previousTexture);
+    GLint previousRenderbuffer = 0;
+    glGetIntegerv(GL_RENDERBUFFER_BINDING, &previousRenderbuffer);
 
     glGenTextures(1, &colorTexture_);
     glBindTexture(GL_TEXTURE_2D, colorTexture_);
@@ -23,12 +28,12 @@ OffscreenTarget::OffscreenTarget(int width, int height) : width_(width), height_
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAX_LEVEL, 0);
-    glBindTexture(GL_TEXTURE_2D, 0);
+    glBindTexture(GL_TEXTURE_2D, static_cast<GLuint>(previousTexture));
 
     glGenRenderbuffers(1, &depthBuffer_);
     glBindRenderbuffer(GL_RENDERBUFFER, depthBuffer_);
     glRenderbufferStorage(GL_RENDERBUFFER, GL_DEPTH_COMPONENT32F, width, height);
-    glBindRenderbuffer(GL_RENDERBUFFER, 0);
+    glBindRenderbuffer(GL_RENDERBUFFER, static_cast<GLuint>(previousRenderbuffer));
 
     glGenFramebuffers(1, &framebuffer_);
     glBindFramebuffer(GL_FRAMEBUFFER, framebuffer_);
