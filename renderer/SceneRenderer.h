@@ -1,0 +1,220 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "engine/Scene.h"
+#include "engine/commands/BlurredPassCommand.h"
+#include "engine/commands/DrawBlurredCommand.h"
+#include "engine/commands/DrawMeshCommand.h"
+#include "engine/commands/DrawMeshState.h"
+#include "engine/commands/MainPassCommand.h"
+#include "engine/commands/VignetteCommand.h"
+#include "renderer/AstcTexture.h"
+#include "renderer/FrameTarget.h"
+#include "renderer/FullModel.h"
+#include "renderer/FullscreenQuad.h"
+#include "renderer/GaussianBlurRenderPass.h"
+#include "renderer/RenderPipelineStateWithDepth.h"
+#include "renderer/ShaderFunctions.h"
+#include "renderer/ShaderUniforms.h"
+#include "renderer/gl/Gl.h"
+#include "renderer/gpu/RenderEncoder.h"
+#include "renderer/gpu/RenderPassDescriptor.h"
+
+namespace renderer {
+
+/// The executor of a scene. The scene owns what is drawn: its assets and a tree of commands.
+/// The renderer owns how: it loads every asset once, at construction, and on every frame tells
+/// the scene the time, walks the scene's tree and turns it into GL work.
+///
+/// Start-up, in this order: the scene's backend mode becomes OPENGL (a clip depth of -1 to 1);
+/// the shaders, models, textures and the vignette are loaded, and each asset's `id` in the
+/// scene is written as its position in the arrays here; then the scene's `initialize` runs and
+/// `loaded` is set. Any required asset that cannot be loaded stops the process.
+///
+/// A frame (`drawFrame`): the drawable size is compared with the scene's viewport and the scene
+/// told of a change; the scene advances to the clock's time in milliseconds; then the tree is
+/// walked. Passes are found at any depth of plain groups and run in tree order: a blurred pass
+/// draws its children into its blur chain and blurs it, the main pass draws into a 4-sample
+/// target of the renderer's own that is resolved into the frame's framebuffer. Before a pass
+/// opens, its clear colour and clears are gathered from its children; load actions are only ever
+/// raised to clear. The renderer knows no window: the host swaps buffers (or reads pixels back)
+/// after the frame.
+///
+/// State changes are filtered against what the renderer last set, by whole draw states
+/// (`activeState`), depth states and texture slots, with the rules the scenes are written for:
+/// `activeState` is never cleared, and the slot caches are emptied at the start of the main pass
+/// and after a vignette or blurred quad, but not at the start of a blurred pass. A tree must
+/// therefore never draw the same state object last in one pass and first in the next.
+///
+/// The frame path allocates nothing once every pipeline, chain and quad exists: uniforms go
+/// through four fixed staging arrays and are copied into GL at the call.
+///
+/// All fields are public, in the order of the renderer's data model, so that hosts and tests
+/// can look at caches and slots.
+class SceneRenderer {
+public:
+    /// Everything a renderer takes from its surroundings besides GL and the scene.
+    struct Options {
+        /// The resources directory: `<resources>/<resourcesRoot>/...` for the scene's assets,
+        /// `<resources>/models` for the vignette, `<resources>/shaders` for the shader library.
+        std::filesystem::path resources;
+        /// A monotonic clock in seconds that is not 0 at the first frame; empty for the
+        /// process's steady clock.
+        std::function<double()> clock;
+        /// Where ASTC textures are decoded.
+        AstcTexture::Decoding astcDecoding = AstcTexture::Decoding::AUTO;
+        /// What the main pass's attachments start with when no ClearCommand raises them: the
+        /// host's choice, by default a clear to opaque black and a depth of 1.
+        gpu::LoadAction viewColorLoadAction = gpu::LoadAction::CLEAR;
+        std::array<double, 4> viewClearColor{0.0, 0.0, 0.0, 1.0};
+        gpu::LoadAction viewDepthLoadAction = gpu::LoadAction::CLEAR;
+        double viewClearDepth = 1.0;
+    };
+
+    /// The most elements one uniform may have.
+    static constexpr std::size_t STAGING_SIZE = 128;
+    /// Texture slots per stage.
+    static constexpr int SLOTS = 8;
+    /// Label of the main pass.
+    static constexpr const char* MAIN_PASS_LABEL = "Main Render Encoder";
+
+    /// A renderer without a uniform table: its start-up stops with "Not implemented", as the
+    /// scene renderers of each scene are the ones to use.
+    SceneRenderer(gl::Gl& gl, std::shared_ptr<engine::Scene> scene, std::string resourcesRoot, Options options);
+    /// Releases every GL object of the renderer.
+    virtual ~SceneRenderer();
+    SceneRenderer(const SceneRenderer&) = delete;
+    SceneRenderer& operator=(const SceneRenderer&) = delete;
+
+    /// One frame into `target`. Returns how many main passes reached the target (1 for a
+    /// well-formed tree, 0 when there is nothing to draw on or the tree has no main pass).
+    int drawFrame(const FrameTarget& target);
+
+    /// The uniform table of the renderer's scene, by shader name. The base has none and stops
+    /// the process with "Not implemented".
+    virtual const ShaderUniforms& shaderUniforms() const;
+
+    // ---- Start-up steps ---------------------------------------------------------------------
+
+    /// The vignette mesh and, where the library has the "Vignette" shader, its pipeline.
+    virtual void loadVignette();
+    /// One FullModel per mesh of the scene, in order; `Mesh::id` is its position.
+    virtual void loadModels();
+    /// One texture (where the format has a loader) and one sampler per texture of the scene, in
+    /// order; `Texture::id` is the count of textures before it. After a texture of a format
+    /// without a loader the samplers run one ahead of the textures, and later ids pick the
+    /// wrong sampler: scenes must not name such textures.
+    virtual void loadTextures();
+    /// The uniform table, and the two stages of each shader of the scene; a shader the library
+    /// lacks leaves an empty slot, so ids stay positions, and its draws are skipped in silence.
+    virtual void loadShaders();
+
+    // ---- The walks --------------------------------------------------------------------------
+
+    /// Runs the passes of `commands` in order, at any depth of plain groups.
+    void processCommands(const engine::Scene::CommandList& commands, const FrameTarget& target);
+    /// Gathers the clear colour and the clears of a pass into `descriptor` before it opens.
+    void prepareCommands(const engine::Scene::CommandList& commands, gpu::RenderPassDescriptor& descriptor);
+    /// Draws the meshes, vignettes and blurred quads of a pass.
+    void encodeCommands(const engine::Scene::CommandList& commands, gpu::RenderPassDescriptor& descriptor,
+                        gpu::RenderEncoder& encoder);
+    /// The pass that goes to the frame's target.
+    void processMainPass(const engine::commands::MainPassCommand& pass, const FrameTarget& target);
+    /// A pass into a blur chain, then the blur.
+    void processBlurredPass(const engine::commands::BlurredPassCommand& pass);
+    /// Empties the three slot caches.
+    void resetBindingCaches();
+
+    // ---- Command execution ------------------------------------------------------------------
+
+    /// One draw: pipeline found or made, state changes filtered, uniforms bound, the whole
+    /// index buffer drawn. A shader the library lacks draws nothing.
+    void drawMesh(const engine::commands::DrawMeshCommand& command, gpu::RenderEncoder& encoder);
+    /// The draw's values into their stages and slots by the shader's row of the uniform table.
+    void bindUniforms(const engine::commands::DrawMeshCommand& command, gpu::RenderEncoder& encoder);
+    /// The vignette mesh multiplied over the pass with the command's two colours.
+    void drawVignette(const engine::commands::VignetteCommand& command, gpu::RenderEncoder& encoder);
+    /// The image of the blur chain that ran last, as a full-screen quad with the command's
+    /// blending; nothing before any chain ran.
+    void drawBlurred(const std::shared_ptr<engine::commands::Command>& command, gpu::RenderEncoder& encoder);
+
+    // ---- Fields -----------------------------------------------------------------------------
+
+    gl::Gl& gl;
+    std::shared_ptr<engine::Scene> scene;
+    std::string resourcesRoot;
+    Options options;
+    /// Last colour given by a ClearColorCommand; survives from frame to frame.
+    std::array<double, 4> clearColor{1.0, 0.0, 0.0, 1.0};
+    /// Vignette colours as half floats, r, g, b, a.
+    std::array<std::uint16_t, 4> colorVignette0_fp16{};
+    std::array<std::uint16_t, 4> colorVignette1_fp16{};
+    /// Indexed by `Mesh::id`.
+    std::vector<FullModel> models;
+    /// GL textures, indexed by `Texture::id`.
+    std::vector<GLuint> textures;
+    /// GL samplers, indexed by `Texture::id`.
+    std::vector<GLuint> samplers;
+    /// Indexed by `Shader::id`; null where the library lacks the shader.
+    std::vector<std::shared_ptr<ShaderFunctions>> shaders;
+    /// The uniform table in use.
+    const ShaderUniforms* shadersUniforms = nullptr;
+    std::optional<FullModel> fmVignette;
+    std::optional<RenderPipelineStateWithDepth> vignettePipelineStateWithDepth;
+    /// Staging of float, half, int and short uniforms.
+    std::array<float, STAGING_SIZE> valueFp32{};
+    std::array<std::uint16_t, STAGING_SIZE> valueFp16{};
+    std::array<std::int32_t, STAGING_SIZE> valueInt32{};
+    std::array<std::int16_t, STAGING_SIZE> valueInt16{};
+    /// Pipelines by the identity of the draw state.
+    std::unordered_map<std::shared_ptr<engine::commands::DrawMeshState>, RenderPipelineStateWithDepth> pipelinesCache;
+    /// Quads by DrawBlurredCommand id.
+    std::map<std::int32_t, std::unique_ptr<FullscreenQuad>> fullscreenQuadsCache;
+    /// Blur chains by BlurredPassCommand id; kept for good, also when the viewport changes.
+    std::map<std::int32_t, std::unique_ptr<GaussianBlurRenderPass>> blurredPassesCache;
+    /// The chain that ran last.
+    GaussianBlurRenderPass* activeBlurredPass = nullptr;
+    /// State of the last DrawMeshCommand drawn; never cleared.
+    std::shared_ptr<engine::commands::DrawMeshState> activeState;
+    /// Last depth state set through drawMesh.
+    const gpu::DepthStencilState* activeDepthStencilState = nullptr;
+    /// Slot caches; 0 is an empty slot.
+    std::array<GLuint, SLOTS> activeFragmentTextures{};
+    std::array<GLuint, SLOTS> activeFragmentSamplers{};
+    std::array<GLuint, SLOTS> activeVertexTextures{};
+    /// The main pass's 4-sample colour target (a renderbuffer), its depth and framebuffer.
+    GLuint textureMsaa = 0;
+    GLuint depthMsaa = 0;
+    GLuint framebufferMsaa = 0;
+    GLsizei textureMsaaWidth = 0;
+    GLsizei textureMsaaHeight = 0;
+    /// Records every pass into GL.
+    gpu::RenderEncoder encoder;
+
+protected:
+    /// A renderer whose uniform table is `uniforms`: the constructor of the scene renderers,
+    /// which also return that table from `shaderUniforms`.
+    SceneRenderer(gl::Gl& gl, std::shared_ptr<engine::Scene> scene, std::string resourcesRoot, Options options,
+                  const ShaderUniforms& uniforms);
+
+private:
+    void start();
+    void prepareMultisampledTarget(gpu::RenderPassDescriptor& descriptor, GLsizei width, GLsizei height);
+    void releaseMultisampledTarget();
+    double now() const;
+
+    const ShaderUniforms* uniforms_ = nullptr;
+    int presents_ = 0;
+};
+
+} // namespace renderer
