@@ -42,10 +42,13 @@ QSurfaceFormat viewFormat() {
     return format;
 }
 
-[[noreturn]] void fatal(const char* message) {
-    std::fprintf(stderr, "Fatal error: %s\n", message);
-    std::fflush(stderr);
-    std::exit(1);
+std::function<void(const char*)>& contextFailureHandler() {
+    static std::function<void(const char*)> handler = [](const char* message) {
+        std::fprintf(stderr, "Fatal error: %s\n", message);
+        std::fflush(stderr);
+        std::exit(1);
+    };
+    return handler;
 }
 
 } // namespace
@@ -87,6 +90,10 @@ FrameRenderer* WallpaperView::currentRenderer() {
     return gCurrentRenderer;
 }
 
+void WallpaperView::setContextFailureHandler(std::function<void(const char* message)> handler) {
+    contextFailureHandler() = std::move(handler);
+}
+
 void WallpaperView::appear() {
     if (renderer_ != nullptr) {
         return;
@@ -94,12 +101,12 @@ void WallpaperView::appear() {
     create();
     context_ = std::make_unique<QOpenGLContext>();
     context_->setFormat(format());
-    if (!context_->create() || !context_->makeCurrent(this)) {
-        fatal("OpenGL 3.3 core not available");
-    }
+    const bool made = context_->create() && context_->makeCurrent(this);
     const QSurfaceFormat actual = context_->format();
-    if (actual.majorVersion() * 10 + actual.minorVersion() < 33) {
-        fatal("OpenGL 3.3 core not available");
+    if (!made || actual.majorVersion() * 10 + actual.minorVersion() < 33) {
+        context_.reset();
+        contextFailureHandler()("OpenGL 3.3 core not available");
+        return;
     }
     renderer_ = content_.makeRenderer();
     gCurrentRenderer = renderer_.get();

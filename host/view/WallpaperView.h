@@ -8,6 +8,7 @@
 #include <QWindow>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 class QOpenGLContext;
@@ -39,6 +40,11 @@ public:
 
     /// The renderer that the view made last, process-wide; null before any view appeared.
     static FrameRenderer* currentRenderer();
+
+    /// What happens when no OpenGL 3.3 core context can be had: by default the message goes to
+    /// standard error and the process ends; tests on a platform without GL put a handler here
+    /// that takes the message, and the view then stays without a renderer.
+    static void setContextFailureHandler(std::function<void(const char* message)> handler);
 
     /// Makes the context and the renderer, then emits `appeared`. Runs once per view; the
     /// native window is created here if it is not yet.

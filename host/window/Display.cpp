@@ -34,11 +34,7 @@ std::optional<Display> Display::fromIdentity(const QString& manufacturer, const 
 }
 
 std::optional<Display> Display::main() {
-    static std::optional<Display> cached;
-    if (!cached) {
-        cached = of(QGuiApplication::primaryScreen());
-    }
-    return cached;
+    return of(QGuiApplication::primaryScreen());
 }
 
 std::optional<Display> Display::fromUuidText(const QString& text) {

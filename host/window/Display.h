@@ -32,8 +32,8 @@ public:
     static std::optional<Display> fromIdentity(const QString& manufacturer, const QString& model,
                                                const QString& serial, const QString& connector);
 
-    /// The display of the primary screen, fixed at its first use for the life of the process.
-    /// Nothing while there is no screen at all (then it is asked again at the next use).
+    /// The display of the primary screen as it is now; nothing without screens, or when the
+    /// primary screen tells nothing to tell it apart.
     static std::optional<Display> main();
 
     /// Reads the stored text form (a UUID, either case, with or without braces); anything else

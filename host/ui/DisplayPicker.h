@@ -1,0 +1,56 @@
+#pragma once
+
+#include "host/settings/Subscription.h"
+#include "host/window/Display.h"
+
+#include <QComboBox>
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+class QScreen;
+
+namespace host::settings {
+class Settings;
+}
+
+namespace host::ui {
+
+/// The "Show on" picker: one choice per connected monitor, the primary first, and the key
+/// `display` behind it.
+///
+/// What it shows is worked out, not read: nothing while the key is absent; the stored monitor
+/// while it is connected; the primary monitor while the stored one is away (the key itself is
+/// kept, so the wallpaper goes back when the monitor does). Whenever it is shown with the key
+/// absent it writes the primary monitor into the key, so that from then on the wallpaper
+/// stays on that monitor instead of following the primary. It lists the monitors again on
+/// every change of the screens.
+class DisplayPicker : public QComboBox {
+    Q_OBJECT
+public:
+    /// A picker over the key `display` of `settings`.
+    explicit DisplayPicker(settings::Settings& settings, QWidget* parent = nullptr);
+
+    /// The label of a screen: its maker and model with the connector, or the connector alone,
+    /// or "<Unknown name>" when the screen tells nothing.
+    static QString labelOf(const QScreen* screen);
+
+    /// The display shown for the stored value `stored`, given the connected displays and the
+    /// main one.
+    static std::optional<window::Display> shownDisplay(const std::optional<window::Display>& stored,
+                                                       const std::vector<std::optional<window::Display>>& connected,
+                                                       const std::optional<window::Display>& main);
+
+    /// Lists the screens again and selects the shown display.
+    void refresh();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    settings::Settings& settings_;
+    settings::Subscription subscription_;
+};
+
+} // namespace host::ui

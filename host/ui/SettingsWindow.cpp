@@ -1,0 +1,234 @@
+#include "host/ui/SettingsWindow.h"
+
+#include "host/clock/ClockChoices.h"
+#include "host/settings/Settings.h"
+#include "host/system/LaunchAtLogin.h"
+#include "host/ui/DisplayPicker.h"
+#include "host/ui/KeyBinding.h"
+#include "host/ui/SettingsTab.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QFrame>
+#include <QIcon>
+#include <QMessageBox>
+#include <QPointer>
+#include <QSignalBlocker>
+#include <QSlider>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace host::ui {
+
+namespace {
+
+constexpr int kWidth = 480;
+
+// Slider positions per unit of each number key.
+constexpr double kSpeedScale = 4.0;      // steps of 0.25
+constexpr double kOpacityScale = 1000.0; // continuous to the eye
+constexpr double kSizeScale = 10.0;
+
+// A grouped section of a form: a framed box with its own two-column layout.
+QFormLayout* section(QVBoxLayout* page) {
+    auto* frame = new QFrame;
+    frame->setFrameShape(QFrame::StyledPanel);
+    auto* form = new QFormLayout(frame);
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    page->addWidget(frame);
+    return form;
+}
+
+QVBoxLayout* page(QWidget* widget) {
+    auto* layout = new QVBoxLayout(widget);
+    layout->setSpacing(10);
+    return layout;
+}
+
+QSlider* slider(const QString& name, double from, double until, double scale) {
+    auto* s = new QSlider(Qt::Horizontal);
+    s->setObjectName(name);
+    s->setRange(static_cast<int>(from * scale), static_cast<int>(until * scale));
+    s->setSingleStep(1);
+    s->setPageStep(1);
+    return s;
+}
+
+} // namespace
+
+SettingsWindow::SettingsWindow(settings::Settings& settings, system::LaunchAtLogin* launchAtLogin, QWidget* parent)
+    : QWidget(parent, Qt::Window | Qt::WindowStaysOnTopHint), settings_(settings), launchAtLogin_(launchAtLogin) {
+    setObjectName(QStringLiteral("settingsWindow"));
+    setWindowTitle(QStringLiteral("Settings"));
+    tabs_ = new QTabWidget(this);
+    tabs_->setObjectName(QStringLiteral("tabs"));
+    tabs_->addTab(makeGeneral(), QIcon::fromTheme(iconNameOf(SettingsTab::General)), titleOf(SettingsTab::General));
+    tabs_->addTab(makeScene(), QIcon::fromTheme(iconNameOf(SettingsTab::Scene)), titleOf(SettingsTab::Scene));
+    tabs_->addTab(makeClock(), QIcon::fromTheme(iconNameOf(SettingsTab::Clock)), titleOf(SettingsTab::Clock));
+    tabs_->setFixedWidth(kWidth);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(tabs_);
+    // The window takes the size of its content on both axes.
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+SettingsWindow::~SettingsWindow() = default;
+
+void SettingsWindow::showShared(settings::Settings& settings, system::LaunchAtLogin& launchAtLogin) {
+    static QPointer<SettingsWindow> window;
+    if (window == nullptr) {
+        window = new SettingsWindow(settings, &launchAtLogin);
+        window->setAttribute(Qt::WA_DeleteOnClose, false);
+    }
+    window->show();
+    window->raise();
+    window->activateWindow();
+}
+
+QCheckBox* SettingsWindow::toggle(QFormLayout* form, const QString& text, const QString& name) {
+    auto* box = new QCheckBox(text);
+    box->setObjectName(name);
+    form->addRow(box);
+    return box;
+}
+
+QWidget* SettingsWindow::makeGeneral() {
+    auto* widget = new QWidget;
+    widget->setObjectName(QStringLiteral("GeneralSettings"));
+    QVBoxLayout* layout = page(widget);
+
+    QFormLayout* login = section(layout);
+    QCheckBox* launch = toggle(login, QStringLiteral("Launch at login"), QStringLiteral("launchAtLogin"));
+    if (launchAtLogin_ != nullptr) {
+        launch->setChecked(launchAtLogin_->isEnabled());
+        connect(launch, &QCheckBox::toggled, launchAtLogin_, [this, launch](bool on) {
+            launchAtLogin_->setEnabled(on);
+            // A failed change leaves the switch showing what the system reports.
+            const QSignalBlocker block(launch);
+            launch->setChecked(launchAtLogin_->isEnabled());
+        });
+        connect(launchAtLogin_, &system::LaunchAtLogin::enabledChanged, launch, [launch](bool on) {
+            const QSignalBlocker block(launch);
+            launch->setChecked(on);
+        });
+    } else {
+        launch->setEnabled(false);
+    }
+
+    QFormLayout* rate = section(layout);
+    auto* fps = new QComboBox;
+    fps->setObjectName(QStringLiteral("fps"));
+    for (int value : {20, 30, 60}) {
+        fps->addItem(QString::number(value), value);
+    }
+    rate->addRow(QStringLiteral("Frames per second"), fps);
+    bindings_.push_back(KeyBinding::picker(fps, settings_.fps));
+    bindings_.push_back(KeyBinding::toggle(
+        toggle(rate, QStringLiteral("Limit FPS on battery"), QStringLiteral("limitFpsOnBattery")),
+        settings_.lowPowerMode));
+    bindings_.push_back(KeyBinding::toggle(
+        toggle(rate, QStringLiteral("Minimal FPS in Low Power mode"), QStringLiteral("minimalFpsInLowPowerMode")),
+        settings_.lowPowerMode));
+
+    QFormLayout* place = section(layout);
+    place->addRow(QStringLiteral("Show on"), new DisplayPicker(settings_));
+    bindings_.push_back(KeyBinding::toggle(
+        toggle(place, QStringLiteral("Show on all spaces"), QStringLiteral("showOnAllSpaces")),
+        settings_.showOnAllSpaces));
+
+    QFormLayout* icon = section(layout);
+    bindings_.push_back(KeyBinding::toggle(
+        toggle(icon, QStringLiteral("Hide menu bar icon"), QStringLiteral("hideMenuBarIcon")),
+        settings_.hideMenuBarIcon, [this](bool on) {
+            if (on) {
+                showHideIconAlert();
+            }
+        }));
+    layout->addStretch();
+    return widget;
+}
+
+QWidget* SettingsWindow::makeScene() {
+    auto* widget = new QWidget;
+    widget->setObjectName(QStringLiteral("SceneSettings"));
+    QVBoxLayout* layout = page(widget);
+    QFormLayout* form = section(layout);
+
+    QCheckBox* vignette = toggle(form, QStringLiteral("Vignette"), QStringLiteral("sceneVignette"));
+    vignette->setToolTip(QStringLiteral("Photographic vignette in the corners of scene"));
+    bindings_.push_back(KeyBinding::toggle(vignette, settings_.sceneVignette));
+
+    QSlider* speed = slider(QStringLiteral("sceneSpeed"), 0.5, 3.0, kSpeedScale);
+    speed->setToolTip(QStringLiteral("Camera movement - larger value is slower"));
+    speed->setTickPosition(QSlider::TicksBelow);
+    speed->setTickInterval(1);
+    form->addRow(QStringLiteral("Movement Speed"), speed);
+    bindings_.push_back(KeyBinding::slider(speed, settings_.sceneSpeed, kSpeedScale));
+
+    auto* time = new QComboBox;
+    time->setObjectName(QStringLiteral("sceneTime"));
+    const std::pair<const char*, const char*> times[] = {
+        {"Auto", "auto"}, {"Day", "day"}, {"Night", "night"}, {"Dusk", "dusk"}, {"Dawn", "dawn"}};
+    for (const auto& [label, value] : times) {
+        time->addItem(QString::fromLatin1(label), QString::fromLatin1(value));
+    }
+    form->addRow(QStringLiteral("Time of Day"), time);
+    bindings_.push_back(KeyBinding::picker(time, settings_.sceneTime));
+    layout->addStretch();
+    return widget;
+}
+
+QWidget* SettingsWindow::makeClock() {
+    auto* widget = new QWidget;
+    widget->setObjectName(QStringLiteral("ClockSettings"));
+    QVBoxLayout* layout = page(widget);
+    QFormLayout* form = section(layout);
+
+    bindings_.push_back(KeyBinding::toggle(toggle(form, QStringLiteral("Enable clock"), QStringLiteral("clockEnabled")),
+                                           settings_.clockEnabled));
+
+    auto* font = new QComboBox;
+    font->setObjectName(QStringLiteral("clockFont"));
+    for (const clock::ClockChoices::Font& choice : clock::ClockChoices::fonts()) {
+        font->addItem(QString::fromUtf8(choice.label), QString::fromUtf8(choice.name));
+    }
+    form->addRow(QStringLiteral("Font"), font);
+    bindings_.push_back(KeyBinding::picker(font, settings_.clockFont));
+
+    auto* format = new QComboBox;
+    format->setObjectName(QStringLiteral("clockFormat"));
+    for (const clock::ClockChoices::Format& choice : clock::ClockChoices::formats()) {
+        format->addItem(QString::fromUtf8(choice.label), QString::fromUtf8(choice.pattern));
+    }
+    form->addRow(QStringLiteral("Time format"), format);
+    bindings_.push_back(KeyBinding::picker(format, settings_.clockFormat));
+
+    QSlider* opacity = slider(QStringLiteral("clockOpacity"), 0.1, 1.0, kOpacityScale);
+    form->addRow(QStringLiteral("Opacity"), opacity);
+    bindings_.push_back(KeyBinding::slider(opacity, settings_.clockOpacity, kOpacityScale));
+
+    QSlider* size = slider(QStringLiteral("clockSize"), 150.0, 350.0, kSizeScale);
+    form->addRow(QStringLiteral("Size"), size);
+    bindings_.push_back(KeyBinding::slider(size, settings_.clockSize, kSizeScale));
+    layout->addStretch();
+    return widget;
+}
+
+void SettingsWindow::showHideIconAlert() {
+    if (alert_ != nullptr) {
+        alert_->raise();
+        return;
+    }
+    alert_ = new QMessageBox(QMessageBox::NoIcon, windowTitle(), QString::fromUtf8(kHideIconAlert), QMessageBox::Ok,
+                             this);
+    alert_->setObjectName(QStringLiteral("hideIconAlert"));
+    alert_->setAttribute(Qt::WA_DeleteOnClose);
+    connect(alert_, &QObject::destroyed, this, [this] { alert_ = nullptr; });
+    alert_->open();
+}
+
+} // namespace host::ui
