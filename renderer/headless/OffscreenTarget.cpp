@@ -60,6 +60,16 @@ void OffscreenTarget::bind() const {
     glViewport(0, 0, width_, height_);
 }
 
+void OffscreenTarget::clear(float red, float green, float blue, float alpha) const {
+    bind();
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+    glDepthMask(GL_TRUE);
+    glDisable(GL_SCISSOR_TEST);
+    glClearColor(red, green, blue, alpha);
+    glClearDepth(1.0);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+}
+
 std::vector<std::uint8_t> OffscreenTarget::readPixels() const {
     const std::size_t rowBytes = static_cast<std::size_t>(width_) * 4;
     std::vector<std::uint8_t> pixels(rowBytes * static_cast<std::size_t>(height_));

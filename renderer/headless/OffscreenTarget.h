@@ -29,6 +29,9 @@ public:
     unsigned colorTexture() const { return colorTexture_; }
     /// Binds the framebuffer for drawing and reading and sets the viewport to its size.
     void bind() const;
+    /// Clears the colour to (`red`, `green`, `blue`, `alpha`) and the depth to 1, leaving the
+    /// framebuffer bound as `bind` does.
+    void clear(float red, float green, float blue, float alpha) const;
     /// Waits for the GPU and reads the colour texture back: `width` * `height` RGBA8 pixels,
     /// rows from top to bottom (as images are stored, not as GL counts them).
     std::vector<std::uint8_t> readPixels() const;

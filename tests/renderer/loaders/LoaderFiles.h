@@ -69,7 +69,7 @@ inline std::vector<std::byte> countingBytes(std::size_t count, int first = 0) {
 /// An `.astc` file: the 16-byte header (magic 0x5CA1AB13, 2D) and then `blocks` as given.
 inline std::vector<std::byte> astcFile(int width, int height, int blockWidth, int blockHeight,
                                        const std::vector<std::byte>& blocks, std::uint32_t magic = 0x5CA1AB13) {
-    std::vector<std::byte> file(16);
+    std::vector<std::byte> file(16 + blocks.size());
     auto put = [&](std::size_t at, unsigned value) { file[at] = static_cast<std::byte>(value & 0xFF); };
     for (int i = 0; i < 4; ++i) {
         put(static_cast<std::size_t>(i), magic >> (8 * i));
@@ -82,7 +82,9 @@ inline std::vector<std::byte> astcFile(int width, int height, int blockWidth, in
         put(static_cast<std::size_t>(10 + i), static_cast<unsigned>(height) >> (8 * i));
     }
     put(13, 1);
-    file.insert(file.end(), blocks.begin(), blocks.end());
+    if (!blocks.empty()) {
+        std::memcpy(file.data() + 16, blocks.data(), blocks.size());
+    }
     return file;
 }
 

@@ -1,0 +1,107 @@
+#include "tools/render/SceneSetup.h"
+
+#include <gtest/gtest.h>
+
+#include "scenes/betonia/BetoniaScene.h"
+#include "scenes/example/ExampleScene.h"
+#include "scenes/nivalis/NivalisScene.h"
+
+namespace tools::render {
+namespace {
+
+RenderOptions options(std::vector<std::string> arguments) { return RenderOptions::parse(arguments); }
+
+std::string errorOf(engine::Scene& scene, std::vector<std::string> arguments) {
+    try {
+        SceneSetup::apply(scene, options(std::move(arguments)));
+    } catch (const std::invalid_argument& e) {
+        return e.what();
+    }
+    return "(no error)";
+}
+
+TEST(SceneSetupTest, MakesEachSceneByName) {
+    EXPECT_NE(dynamic_cast<scenes::nivalis::NivalisScene*>(SceneSetup::create("nivalis").get()), nullptr);
+    EXPECT_NE(dynamic_cast<scenes::betonia::BetoniaScene*>(SceneSetup::create("betonia").get()), nullptr);
+    EXPECT_NE(dynamic_cast<scenes::example::ExampleScene*>(SceneSetup::create("example").get()), nullptr);
+    EXPECT_THROW(SceneSetup::create("spirelight"), std::invalid_argument);
+    EXPECT_EQ(SceneSetup::resourcesRoot("nivalis"), "nivalis");
+}
+
+TEST(SceneSetupTest, WritesNivalisSettingsAndTimeOfDay) {
+    scenes::nivalis::NivalisScene scene;
+    SceneSetup::apply(scene, options({"--time-of-day", "sunset", "--set", "vignette=false", "--set", "blurred=true",
+                                      "--set", "lowQuality=1"}));
+    EXPECT_EQ(scene.settings.timeOfDay, scenes::nivalis::TimeOfDay::Sunset);
+    EXPECT_FALSE(scene.settings.vignette);
+    EXPECT_TRUE(scene.settings.blurred);
+    EXPECT_TRUE(scene.settings.lowQuality);
+    // Neither camera nor progress asked for: the scene keeps cutting by itself.
+    EXPECT_TRUE(scene.settings.autoSwitchCameras);
+}
+
+TEST(SceneSetupTest, TheTimeOfDayOptionWinsOverASettingsField) {
+    scenes::nivalis::NivalisScene scene;
+    SceneSetup::apply(scene, options({"--set", "timeOfDay=NIGHT", "--time-of-day", "sunrise"}));
+    EXPECT_EQ(scene.settings.timeOfDay, scenes::nivalis::TimeOfDay::Sunrise);
+    SceneSetup::apply(scene, options({"--set", "timeOfDay=night"}));
+    EXPECT_EQ(scene.settings.timeOfDay, scenes::nivalis::TimeOfDay::Night);
+}
+
+TEST(SceneSetupTest, PutsTheCameraOnThePathAndKeepsItThereThroughTheFirstFrame) {
+    scenes::nivalis::NivalisScene scene;
+    SceneSetup::apply(scene, options({"--camera", "3", "--path-at", "0.5", "--set", "cameraPeriod=2"}));
+    EXPECT_EQ(scene.cameraAnimator.currentCamera, 3);
+    EXPECT_FALSE(scene.settings.autoSwitchCameras);
+    EXPECT_FLOAT_EQ(scene.cameraAnimator.minDurationCoefficient, 2.0f);
+    // Half way along path 3, eased symmetrically: the middle of its start and end eyes,
+    // (1058.602, -6343.349, 7252.608) and (10627.578, -5523.65, 952.352).
+    scene.updateViewportSize(320, 180);
+    scene.updateTimers(60000.0);
+    const auto& eye = scene.cameraAnimator.positionInterpolator.cameraPosition;
+    EXPECT_NEAR(eye.x, 5843.09f, 0.5f);
+    EXPECT_NEAR(eye.y, -5933.4995f, 0.5f);
+    EXPECT_NEAR(eye.z, 4102.48f, 0.5f);
+    EXPECT_EQ(scene.cameraAnimator.currentCamera, 3);
+}
+
+TEST(SceneSetupTest, ProgressAloneStaysOnTheFirstPath) {
+    scenes::nivalis::NivalisScene scene;
+    SceneSetup::apply(scene, options({"--path-at", "1"}));
+    EXPECT_EQ(scene.cameraAnimator.currentCamera, 0);
+    EXPECT_FLOAT_EQ(scene.cameraAnimator.timer(), 1.0f);
+    EXPECT_FALSE(scene.settings.autoSwitchCameras);
+}
+
+TEST(SceneSetupTest, WhatAnyOneSceneLacksIsAnErrorThatNamesIt) {
+    scenes::nivalis::NivalisScene nivalis;
+    EXPECT_EQ(errorOf(nivalis, {"--camera", "9"}), "Scene nivalis has no camera path 9 (paths 0 to 8)");
+    EXPECT_EQ(errorOf(nivalis, {"--time-of-day", "dawn"}),
+              "Scene nivalis has no time of day 'dawn' (day, night, sunrise, sunset)");
+    EXPECT_EQ(errorOf(nivalis, {"--set", "vignette=maybe"}),
+              "Invalid value 'maybe' for setting vignette: expected true or false");
+    EXPECT_EQ(errorOf(nivalis, {"--set", "cameraPeriod=fast"}),
+              "Invalid value 'fast' for setting cameraPeriod: expected a number");
+    EXPECT_NE(errorOf(nivalis, {"--set", "colorMode=Sepia"}).find("Scene nivalis has no setting colorMode"),
+              std::string::npos);
+    EXPECT_NE(errorOf(nivalis, {"--set", "timeOfDay=noon"}).find("one of Day, Night, Sunrise, Sunset"),
+              std::string::npos);
+
+    scenes::betonia::BetoniaScene betonia;
+    EXPECT_EQ(errorOf(betonia, {"--time-of-day", "day"}), "Scene betonia has no time of day");
+    scenes::example::ExampleScene example;
+    EXPECT_EQ(errorOf(example, {"--set", "vignette=false"}), "Scene example has no setting vignette (it has no settings)");
+    EXPECT_EQ(errorOf(example, {"--camera", "7"}), "Scene example has no camera path 7 (paths 0 to 6)");
+}
+
+TEST(SceneSetupTest, WritesBetoniaSettingsAndItsCamera) {
+    scenes::betonia::BetoniaScene scene;
+    SceneSetup::apply(scene, options({"--set", "colorMode=sepia", "--set", "clock=true", "--camera", "2"}));
+    EXPECT_EQ(scene.settings.colorMode, engine::common::ColorMode::Sepia);
+    EXPECT_TRUE(scene.settings.clock);
+    EXPECT_FALSE(scene.settings.autoSwitchCameras);
+    EXPECT_EQ(scene.cameraAnimator.currentCamera, 2);
+}
+
+} // namespace
+} // namespace tools::render

@@ -1,0 +1,207 @@
+#include "tools/render/SceneSetup.h"
+
+#include <algorithm>
+#include <cctype>
+#include <charconv>
+#include <cmath>
+#include <functional>
+#include <map>
+#include <stdexcept>
+
+#include "scenes/betonia/BetoniaScene.h"
+#include "scenes/example/ExampleScene.h"
+#include "scenes/nivalis/NivalisScene.h"
+
+namespace tools::render {
+
+namespace {
+
+using Setter = std::function<void(const std::string&)>;
+
+std::string lower(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return text;
+}
+
+[[noreturn]] void badValue(const std::string& field, const std::string& value, const std::string& expected) {
+    throw std::invalid_argument("Invalid value '" + value + "' for setting " + field + ": expected " + expected);
+}
+
+Setter boolField(const std::string& field, bool& target) {
+    return [field, &target](const std::string& value) {
+        const std::string text = lower(value);
+        if (text == "true" || text == "1" || text == "yes" || text == "on") {
+            target = true;
+        } else if (text == "false" || text == "0" || text == "no" || text == "off") {
+            target = false;
+        } else {
+            badValue(field, value, "true or false");
+        }
+    };
+}
+
+Setter floatField(const std::string& field, float& target) {
+    return [field, &target](const std::string& value) {
+        float number = 0.0f;
+        const char* end = value.data() + value.size();
+        const auto [ptr, error] = std::from_chars(value.data(), end, number);
+        if (value.empty() || error != std::errc() || ptr != end || !std::isfinite(number)) {
+            badValue(field, value, "a number");
+        }
+        target = number;
+    };
+}
+
+// An enumeration field, its constants matched without regard to case.
+template <typename E, std::size_t N>
+Setter enumField(const std::string& field, E& target, const std::array<E, N>& constants) {
+    return [field, &target, constants](const std::string& value) {
+        std::string names;
+        for (E constant : constants) {
+            const std::string name(toString(constant));
+            if (lower(name) == lower(value)) {
+                target = constant;
+                return;
+            }
+            names += (names.empty() ? "" : ", ") + name;
+        }
+        badValue(field, value, "one of " + names);
+    };
+}
+
+void writeSettings(const std::map<std::string, Setter>& fields, const std::string& scene,
+                   const RenderOptions& options) {
+    for (const auto& [field, value] : options.settings) {
+        const auto it = fields.find(field);
+        if (it == fields.end()) {
+            std::string known;
+            for (const auto& entry : fields) {
+                known += (known.empty() ? "" : ", ") + entry.first;
+            }
+            throw std::invalid_argument("Scene " + scene + " has no setting " + field +
+                                        (known.empty() ? std::string(" (it has no settings)")
+                                                       : " (settings: " + known + ")"));
+        }
+        it->second(value);
+    }
+}
+
+// Puts the camera on the path and progress asked for; true when either was asked for.
+bool placeCamera(engine::camera::CameraPathAnimator& animator, const std::string& scene,
+                 const RenderOptions& options) {
+    if (!options.camera && !options.pathAt) {
+        return false;
+    }
+    if (options.camera) {
+        if (static_cast<std::size_t>(*options.camera) >= animator.cameras.size()) {
+            throw std::invalid_argument("Scene " + scene + " has no camera path " + std::to_string(*options.camera) +
+                                        " (paths 0 to " + std::to_string(animator.cameras.size() - 1) + ")");
+        }
+        animator.currentCamera = *options.camera;
+        animator.updateCurrentCamera();
+    }
+    if (options.pathAt) {
+        animator.positionInterpolator.setTimer(*options.pathAt);
+    }
+    return true;
+}
+
+void syncCoefficient(engine::camera::CameraPathAnimator& animator, float cameraPeriod) {
+    if (animator.minDurationCoefficient != cameraPeriod) {
+        animator.setMinDurationCoefficient(cameraPeriod);
+    }
+}
+
+void setUpNivalis(scenes::nivalis::NivalisScene& scene, const RenderOptions& options) {
+    auto& s = scene.settings;
+    writeSettings({{"timeOfDay", enumField("timeOfDay", s.timeOfDay, scenes::nivalis::TIME_OF_DAY_ENTRIES)},
+                   {"cameraPeriod", floatField("cameraPeriod", s.cameraPeriod)},
+                   {"vignette", boolField("vignette", s.vignette)},
+                   {"blurred", boolField("blurred", s.blurred)},
+                   {"autoSwitchCameras", boolField("autoSwitchCameras", s.autoSwitchCameras)},
+                   {"clock", boolField("clock", s.clock)},
+                   {"lowQuality", boolField("lowQuality", s.lowQuality)}},
+                  "nivalis", options);
+    if (options.timeOfDay) {
+        const std::map<std::string, scenes::nivalis::TimeOfDay> times = {
+            {"day", scenes::nivalis::TimeOfDay::Day},
+            {"night", scenes::nivalis::TimeOfDay::Night},
+            {"sunrise", scenes::nivalis::TimeOfDay::Sunrise},
+            {"sunset", scenes::nivalis::TimeOfDay::Sunset}};
+        const auto it = times.find(*options.timeOfDay);
+        if (it == times.end()) {
+            throw std::invalid_argument("Scene nivalis has no time of day '" + *options.timeOfDay +
+                                        "' (day, night, sunrise, sunset)");
+        }
+        s.timeOfDay = it->second;
+    }
+    syncCoefficient(scene.cameraAnimator, s.cameraPeriod);
+    if (placeCamera(scene.cameraAnimator, "nivalis", options)) {
+        s.autoSwitchCameras = false;
+    }
+}
+
+void setUpBetonia(scenes::betonia::BetoniaScene& scene, const RenderOptions& options) {
+    using engine::common::ColorMode;
+    static constexpr std::array<ColorMode, 9> colorModes = {
+        ColorMode::Normal,        ColorMode::Grayscale,     ColorMode::Sepia,
+        ColorMode::HighContrast,  ColorMode::LowContrast,   ColorMode::BlackAndWhite,
+        ColorMode::IsolatedColor, ColorMode::Crosshatch,    ColorMode::LimitedColors};
+    auto& s = scene.settings;
+    writeSettings({{"colorMode", enumField("colorMode", s.colorMode, colorModes)},
+                   {"cameraPeriod", floatField("cameraPeriod", s.cameraPeriod)},
+                   {"lowQuality", boolField("lowQuality", s.lowQuality)},
+                   {"vignette", boolField("vignette", s.vignette)},
+                   {"clock", boolField("clock", s.clock)},
+                   {"blurred", boolField("blurred", s.blurred)},
+                   {"autoSwitchCameras", boolField("autoSwitchCameras", s.autoSwitchCameras)}},
+                  "betonia", options);
+    if (options.timeOfDay) {
+        throw std::invalid_argument("Scene betonia has no time of day");
+    }
+    syncCoefficient(scene.cameraAnimator, s.cameraPeriod);
+    if (placeCamera(scene.cameraAnimator, "betonia", options)) {
+        s.autoSwitchCameras = false;
+    }
+}
+
+void setUpExample(scenes::example::ExampleScene& scene, const RenderOptions& options) {
+    writeSettings({}, "example", options);
+    if (options.timeOfDay) {
+        throw std::invalid_argument("Scene example has no time of day");
+    }
+    // The sample never cuts by itself; its paths only turn back at their ends.
+    placeCamera(scene.cameraAnimator, "example", options);
+}
+
+} // namespace
+
+std::shared_ptr<engine::Scene> SceneSetup::create(const std::string& name) {
+    if (name == "nivalis") {
+        return std::make_shared<scenes::nivalis::NivalisScene>();
+    }
+    if (name == "betonia") {
+        return std::make_shared<scenes::betonia::BetoniaScene>();
+    }
+    if (name == "example") {
+        return std::make_shared<scenes::example::ExampleScene>();
+    }
+    throw std::invalid_argument("Unknown scene '" + name + "' (nivalis, betonia, example)");
+}
+
+std::string SceneSetup::resourcesRoot(const std::string& name) { return name; }
+
+void SceneSetup::apply(engine::Scene& scene, const RenderOptions& options) {
+    if (auto* nivalis = dynamic_cast<scenes::nivalis::NivalisScene*>(&scene)) {
+        setUpNivalis(*nivalis, options);
+    } else if (auto* betonia = dynamic_cast<scenes::betonia::BetoniaScene*>(&scene)) {
+        setUpBetonia(*betonia, options);
+    } else if (auto* example = dynamic_cast<scenes::example::ExampleScene*>(&scene)) {
+        setUpExample(*example, options);
+    } else {
+        throw std::invalid_argument("Scene of an unknown kind");
+    }
+}
+
+} // namespace tools::render
