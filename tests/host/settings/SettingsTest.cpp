@@ -283,5 +283,16 @@ TEST_F(SettingsTest, OwnWritesAreAnnouncedOnceNotAgainByTheWatcher) {
     EXPECT_EQ(spy.count(), 1);
 }
 
+TEST_F(SettingsTest, DefaultFileFollowsXdgConfigHome) {
+    const QByteArray saved = qgetenv("XDG_CONFIG_HOME");
+    qputenv("XDG_CONFIG_HOME", dir.path().toUtf8());
+    EXPECT_EQ(SettingsStore::defaultFilePath(), dir.filePath(QStringLiteral("nivalis/nivalis.conf")));
+    if (saved.isEmpty()) {
+        qunsetenv("XDG_CONFIG_HOME");
+    } else {
+        qputenv("XDG_CONFIG_HOME", saved);
+    }
+}
+
 } // namespace
 } // namespace host::settings

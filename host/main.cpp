@@ -1,0 +1,14 @@
+// The nivalis program: the application wires itself; the desktop part supplies what it shows.
+#include "host/app/Application.h"
+#include "host/view/WallpaperView.h"
+#include "host/window/DesktopWallpaper.h"
+
+#include <memory>
+
+int main(int argc, char** argv) {
+    host::app::Application::Parts parts;
+    parts.makeOutput = [](host::settings::Settings& settings, host::system::SystemEvents& events) {
+        return std::make_unique<host::window::DesktopWallpaper>(settings, events);
+    };
+    return host::app::Application::run(argc, argv, parts);
+}
