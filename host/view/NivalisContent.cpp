@@ -1,45 +1,59 @@
 #include "host/view/NivalisContent.h"
 
-#include <QOpenGLContext>
-#include <QOpenGLFunctions>
+#include "renderer/NivalisRenderer.h"
+#include "renderer/gl/EpoxyGl.h"
+#include "scenes/nivalis/NivalisScene.h"
 
 namespace host::view {
 
 namespace {
 
-// Stands in for the scene's renderer until it exists: a plain polar-night blue.
-class PlainRenderer : public FrameRenderer {
+// The Nivalis renderer over the GL context that is current when it is made (the view's).
+class NivalisFrameRenderer : public FrameRenderer {
 public:
+    NivalisFrameRenderer(const std::shared_ptr<scenes::nivalis::NivalisScene>& scene, const QString& resources,
+                         const QString& sceneTime)
+        : renderer_(gl_, scene, NivalisContent::kResourcesRoot, options(resources), sceneTime.toStdString()) {}
+
     void drawFrame(unsigned framebuffer, int width, int height) override {
-        QOpenGLFunctions* gl = QOpenGLContext::currentContext()->functions();
-        gl->glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
-        gl->glViewport(0, 0, width, height);
-        gl->glClearColor(0.05f, 0.12f, 0.22f, 1.0f);
-        gl->glClear(GL_COLOR_BUFFER_BIT);
+        renderer_.drawFrame(renderer::FrameTarget{framebuffer, static_cast<double>(width), static_cast<double>(height)});
     }
-    void updateDynamicTimeOfDay() override {}
-    void setTimeOfDay(engine::utils::TimeOfDay) override {}
+
+    void updateDynamicTimeOfDay() override { renderer_.updateDynamicTimeOfDay(); }
+
+    void setTimeOfDay(engine::utils::TimeOfDay timeOfDay) override {
+        renderer_.dynamicTimeOfDay.setTimeOfDay(timeOfDay);
+        renderer_.updateDynamicTimeOfDay();
+    }
+
+private:
+    static renderer::SceneRenderer::Options options(const QString& resources) {
+        renderer::SceneRenderer::Options result;
+        result.resources = resources.toStdString();
+        return result;
+    }
+
+    // Declared first: the renderer releases its GL objects through it.
+    renderer::gl::EpoxyGl gl_;
+    renderer::NivalisRenderer renderer_;
 };
 
 } // namespace
 
-struct NivalisContent::Scene {
-    bool vignette = true;
-    float cameraPeriod = 1.5f;
-};
-
-NivalisContent::NivalisContent(QString resourcesDirectory)
-    : resourcesDirectory_(std::move(resourcesDirectory)), scene_(std::make_unique<Scene>()) {}
+NivalisContent::NivalisContent(QString resourcesDirectory, std::function<QString()> sceneTime)
+    : resourcesDirectory_(std::move(resourcesDirectory)), sceneTime_(std::move(sceneTime)),
+      scene_(std::make_shared<scenes::nivalis::NivalisScene>()) {}
 
 NivalisContent::~NivalisContent() = default;
 
 std::unique_ptr<FrameRenderer> NivalisContent::makeRenderer() {
-    return std::make_unique<PlainRenderer>();
+    const QString sceneTime = sceneTime_ ? sceneTime_() : QStringLiteral("auto");
+    return std::make_unique<NivalisFrameRenderer>(scene_, resourcesDirectory_, sceneTime);
 }
 
 void NivalisContent::setSceneSettings(bool vignette, float cameraPeriod) {
-    scene_->vignette = vignette;
-    scene_->cameraPeriod = cameraPeriod;
+    scene_->settings.vignette = vignette;
+    scene_->settings.cameraPeriod = cameraPeriod;
 }
 
 } // namespace host::view

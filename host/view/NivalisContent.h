@@ -4,7 +4,12 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
+
+namespace scenes::nivalis {
+class NivalisScene;
+}
 
 namespace host::view {
 
@@ -12,21 +17,24 @@ namespace host::view {
 /// Nivalis renderer of it over the resources' "nivalis" folder each time a view appears.
 class NivalisContent : public SceneContent {
 public:
-    /// The scene, made now; its assets are read from `resourcesDirectory` when a renderer is
-    /// made.
-    explicit NivalisContent(QString resourcesDirectory);
+    /// The scene, made now. Renderers read their assets from `resourcesDirectory` and start
+    /// with the time of day that `sceneTime` gives at that moment (the stored setting).
+    NivalisContent(QString resourcesDirectory, std::function<QString()> sceneTime);
     ~NivalisContent() override;
 
     std::unique_ptr<FrameRenderer> makeRenderer() override;
     void setSceneSettings(bool vignette, float cameraPeriod) override;
 
+    /// The scene.
+    scenes::nivalis::NivalisScene& scene() const { return *scene_; }
+
     /// The folder of the scene's assets inside the resources.
     static constexpr const char* kResourcesRoot = "nivalis";
 
 private:
-    struct Scene;
     QString resourcesDirectory_;
-    std::unique_ptr<Scene> scene_;
+    std::function<QString()> sceneTime_;
+    std::shared_ptr<scenes::nivalis::NivalisScene> scene_;
 };
 
 } // namespace host::view

@@ -16,16 +16,16 @@ namespace host::window {
 
 namespace {
 
-std::unique_ptr<view::SceneContent> nivalisContent() {
+std::unique_ptr<view::SceneContent> nivalisContent(settings::Settings& settings) {
     const QString resources = view::Resources::directory();
     clock::ClockFonts::instance().loadFrom(QDir(resources).filePath(QStringLiteral("fonts")));
-    return std::make_unique<view::NivalisContent>(resources);
+    return std::make_unique<view::NivalisContent>(resources, [&settings] { return settings.sceneTime.read(); });
 }
 
 } // namespace
 
 DesktopWallpaper::DesktopWallpaper(settings::Settings& settings, system::SystemEvents& events)
-    : DesktopWallpaper(settings, &events, nivalisContent()) {}
+    : DesktopWallpaper(settings, &events, nivalisContent(settings)) {}
 
 DesktopWallpaper::DesktopWallpaper(settings::Settings& settings, system::SystemEvents* events,
                                    std::unique_ptr<view::SceneContent> content)
