@@ -382,7 +382,8 @@ void RecordingGl::uniformFloats(GLint location, int components, GLsizei count, c
         return;
     }
     const UniformDecl& decl = program->uniforms[static_cast<std::size_t>(location)];
-    if (!decl.isFloat || decl.components != components || count > decl.arraySize || count < 1) {
+    // Arrays take any count (GL drops what does not fit); a plain uniform takes one.
+    if (!decl.isFloat || decl.components != components || (count > 1 && decl.arraySize == 1) || count < 1) {
         ADD_FAILURE() << "uniformFloats(" << components << " x " << count << ") does not fit uniform "
                       << decl.name;
         return;
@@ -408,7 +409,7 @@ void RecordingGl::uniformInts(GLint location, int components, GLsizei count, con
         return;
     }
     const UniformDecl& decl = program->uniforms[static_cast<std::size_t>(location)];
-    if (decl.isFloat || decl.components != components || count > decl.arraySize || count < 1) {
+    if (decl.isFloat || decl.components != components || (count > 1 && decl.arraySize == 1) || count < 1) {
         ADD_FAILURE() << "uniformInts(" << components << " x " << count << ") does not fit uniform "
                       << decl.name;
         return;
