@@ -136,7 +136,15 @@ void DesktopWindow::updateFrame() {
     if (this->screen() != screen) {
         setScreen(screen);
     }
-    setGeometry(frame);
+    if (isVisible() && geometry() != frame) {
+        // A window manager keeps a mapped window's moves out of the panels' reserved areas,
+        // but places a window that maps as it asks: the new frame goes on with a new mapping.
+        hide();
+        setGeometry(frame);
+        orderFront();
+    } else {
+        setGeometry(frame);
+    }
     emit frameUpdated(frame);
 }
 

@@ -329,3 +329,32 @@ def start_panel(desktop, height, width=1920):
 if __name__ == "__main__":
     if len(sys.argv) >= 3 and sys.argv[1] == "panel":
         run_panel(int(sys.argv[2]), int(sys.argv[3]) if len(sys.argv) > 3 else 1920)
+
+
+def input_rectangles(display, window):
+    """The number of rectangles of a window's input region (0: the mouse passes through)."""
+    x11 = ctypes.CDLL(ctypes.util.find_library("X11"))
+    xext = ctypes.CDLL(ctypes.util.find_library("Xext"))
+    x11.XOpenDisplay.restype = ctypes.c_void_p
+    x11.XOpenDisplay.argtypes = [ctypes.c_char_p]
+    x11.XCloseDisplay.argtypes = [ctypes.c_void_p]
+    x11.XFree.argtypes = [ctypes.c_void_p]
+    xext.XShapeGetRectangles.restype = ctypes.c_void_p
+    xext.XShapeGetRectangles.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_int,
+                                         ctypes.POINTER(ctypes.c_int), ctypes.POINTER(ctypes.c_int)]
+    dpy = x11.XOpenDisplay(display.encode())
+    try:
+        count, ordering = ctypes.c_int(-1), ctypes.c_int(0)
+        SHAPE_INPUT = 2
+        rects = xext.XShapeGetRectangles(dpy, int(window, 16), SHAPE_INPUT, ctypes.byref(count), ctypes.byref(ordering))
+        if rects:
+            x11.XFree(rects)
+        return count.value
+    finally:
+        x11.XCloseDisplay(dpy)
+
+
+def child_windows(desktop, window):
+    """Ids of the direct children of a window, from xwininfo."""
+    out = desktop.run(["xwininfo", "-children", "-id", window]).stdout
+    return re.findall(r"^\s+(0x[0-9a-f]+)", out, re.MULTILINE)
