@@ -1,5 +1,7 @@
 // The nivalis program: the application wires itself; the desktop part supplies what it shows.
 #include "host/app/Application.h"
+#include "host/ui/AboutWindow.h"
+#include "host/ui/SettingsWindow.h"
 #include "host/view/WallpaperView.h"
 #include "host/window/DesktopWallpaper.h"
 
@@ -10,5 +12,7 @@ int main(int argc, char** argv) {
     parts.makeOutput = [](host::settings::Settings& settings, host::system::SystemEvents& events) {
         return std::make_unique<host::window::DesktopWallpaper>(settings, events);
     };
+    parts.showSettings = &host::ui::SettingsWindow::showShared;
+    parts.showAbout = &host::ui::AboutWindow::showShared;
     return host::app::Application::run(argc, argv, parts);
 }

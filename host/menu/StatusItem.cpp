@@ -1,6 +1,7 @@
 #include "host/menu/StatusItem.h"
 
-#include <QCoreApplication>
+#include "host/view/Resources.h"
+
 #include <QCursor>
 #include <QDir>
 #include <QFileInfo>
@@ -87,18 +88,13 @@ void StatusItem::applyIcon() {
 }
 
 QIcon StatusItem::menuBarIcon() {
-    // The resources folder sits beside the program in the build tree and under share/ when
-    // installed.
-    const QDir bin(QCoreApplication::applicationDirPath());
-    for (const QString& folder : {QStringLiteral("../resources/icons"), QStringLiteral("resources/icons"),
-                                  QStringLiteral("../share/nivalis/icons")}) {
-        for (const QString& name : {QStringLiteral("MenuBarIcon.svg"), QStringLiteral("MenuBarIcon.png")}) {
-            const QFileInfo file(bin.filePath(folder + QLatin1Char('/') + name));
-            if (file.isFile()) {
-                QIcon icon(file.absoluteFilePath());
-                if (!icon.isNull()) {
-                    return icon;
-                }
+    const QDir icons(view::Resources::directory() + QStringLiteral("/icons"));
+    for (const QString& name : {QStringLiteral("MenuBarIcon.svg"), QStringLiteral("MenuBarIcon.png")}) {
+        const QFileInfo file(icons.filePath(name));
+        if (file.isFile()) {
+            QIcon icon(file.absoluteFilePath());
+            if (!icon.isNull()) {
+                return icon;
             }
         }
     }

@@ -131,6 +131,13 @@ class SystemServices:
         self.upower.Set("org.freedesktop.UPower", "OnBattery", self.dbus.Boolean(on_battery),
                         dbus_interface=self.dbus.PROPERTIES_IFACE)
 
+    def set_power_device_type(self, device_type):
+        """The type of UPower's display device: 2 a battery, 3 a UPS."""
+        import dbusmock
+        mock = self.dbus.Interface(self.upower, dbusmock.MOCK_IFACE)
+        mock.SetupDisplayDevice(self.dbus.UInt32(device_type), self.dbus.UInt32(2), 50.0, 50.0, 100.0, 10.0,
+                                self.dbus.Int64(1800), self.dbus.Int64(0), True, "battery", self.dbus.UInt32(1))
+
     def set_profile(self, profile):
         self.profiles.Set("net.hadess.PowerProfiles", "ActiveProfile", profile,
                           dbus_interface=self.dbus.PROPERTIES_IFACE)

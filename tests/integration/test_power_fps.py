@@ -1,5 +1,5 @@
 """The frame rate follows the power source and the power-saver profile: 60 on mains, 30 on
-battery, 20 in power-saver mode, each announced on standard output."""
+battery, 60 again on a UPS, 20 in power-saver mode, each announced on standard output."""
 
 import lib_services
 
@@ -42,6 +42,19 @@ def test(h):
 
     mark = nivalis.mark()
     h.services.set_profile("balanced")
+    nivalis.wait_for_line(r"updateFps 30 true false", since=mark)
+
+    # A UPS counts as external power: no limit.
+    h.services.set_power_device_type(3)
+    h.services.set_on_battery(False)
+    mark = nivalis.mark()
+    h.services.set_on_battery(True)
+    nivalis.wait_for_line(r"powerSourceDidChange", since=mark)
+    nivalis.wait_for_line(r"updateFps 60 false false", since=mark)
+    h.services.set_power_device_type(2)
+    h.services.set_on_battery(False)
+    mark = nivalis.mark()
+    h.services.set_on_battery(True)
     nivalis.wait_for_line(r"updateFps 30 true false", since=mark)
 
     # Only what was written is in the file; the power state is not persisted.
