@@ -63,7 +63,8 @@ std::vector<std::byte> astcImage(int width, int height) {
 
 } // namespace
 
-void SceneAssets::write(const engine::Scene& scene, const TestResources& resources, const std::string& root) {
+void SceneAssets::write(const engine::Scene& scene, const TestResources& resources, const std::string& root,
+                        bool shaders) {
     const std::vector<std::byte> vertices(64, std::byte{0});
     for (const auto& mesh : scene.meshes) {
         if (mesh) {
@@ -104,6 +105,10 @@ void SceneAssets::write(const engine::Scene& scene, const TestResources& resourc
             break;
         }
     }
+    resources.writeVignetteModel({-1, -1, 0, 1, -1, 0, 0, 1, 1}, {0, 1, 2});
+    if (!shaders) {
+        return;
+    }
     for (const auto& shader : scene.shaders) {
         if (shader) {
             resources.writeShader(shader->name, "// " + shader->name + "\n", "\n");
@@ -113,7 +118,6 @@ void SceneAssets::write(const engine::Scene& scene, const TestResources& resourc
                              "GaussianBlur2"}) {
         resources.writeShader(name, std::string("// ") + name + "\n", "\n");
     }
-    resources.writeVignetteModel({-1, -1, 0, 1, -1, 0, 0, 1, 1}, {0, 1, 2});
 }
 
 } // namespace renderer::test

@@ -15,8 +15,10 @@ class SceneAssets {
 public:
     SceneAssets() = delete;
 
-    /// Writes everything that `scene` names below `resourcesRoot` of `resources`.
-    static void write(const engine::Scene& scene, const TestResources& resources, const std::string& resourcesRoot);
+    /// Writes everything that `scene` names below `resourcesRoot` of `resources`; the stand-in
+    /// shader sources only where `shaders` is true.
+    static void write(const engine::Scene& scene, const TestResources& resources, const std::string& resourcesRoot,
+                      bool shaders = true);
 };
 
 } // namespace renderer::test
