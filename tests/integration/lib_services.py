@@ -142,6 +142,17 @@ class SystemServices:
         self.profiles.Set("net.hadess.PowerProfiles", "ActiveProfile", profile,
                           dbus_interface=self.dbus.PROPERTIES_IFACE)
 
+    def start_upower_profiles(self, profile):
+        """power-profiles-daemon's newer name, appearing while the program runs; returns a
+        function that sets its active profile."""
+        import dbusmock
+        name = "org.freedesktop.UPower.PowerProfiles"
+        path = "/org/freedesktop/UPower/PowerProfiles"
+        self.processes.append(self.case.spawn_server(name, path, name, system_bus=True, stdout=subprocess.DEVNULL))
+        obj = self.system.get_object(name, path)
+        self.dbus.Interface(obj, dbusmock.MOCK_IFACE).AddProperty(name, "ActiveProfile", profile)
+        return lambda value: obj.Set(name, "ActiveProfile", value, dbus_interface=self.dbus.PROPERTIES_IFACE)
+
     def freedesktop_screensaver_active(self, active):
         self.screensaver.EmitSignal("org.freedesktop.ScreenSaver", "ActiveChanged", "b", [self.dbus.Boolean(active)])
 

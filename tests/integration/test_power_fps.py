@@ -57,6 +57,17 @@ def test(h):
     h.services.set_on_battery(True)
     nivalis.wait_for_line(r"updateFps 30 true false", since=mark)
 
+    # The profiles daemon under its newer name counts as well, also when it appears late.
+    h.services.set_on_battery(False)
+    set_profile = h.services.start_upower_profiles("balanced")
+    mark = nivalis.mark()
+    set_profile("power-saver")
+    nivalis.wait_for_line(r"powerStateDidChange", since=mark)
+    nivalis.wait_for_line(r"updateFps 20 false true", since=mark)
+    mark = nivalis.mark()
+    set_profile("performance")
+    nivalis.wait_for_line(r"updateFps 60 false false", since=mark)
+
     # Only what was written is in the file; the power state is not persisted.
     listing = nivalis.config("list")
     assert "\nfps=60\n" in listing, listing
