@@ -175,21 +175,4 @@ TEST_F(NivalisSettingsEffect, NextCameraIgnoresAutoSwitch) {
     EXPECT_EQ(scene.cameraAnimator.currentCamera, 1);
 }
 
-TEST_F(NivalisSettingsEffect, ClockAndLowQualityChangeNothing) {
-    scene.animate();
-    const auto draws = allDraws(scene.commands);
-    std::vector<bool> flags;
-    for (const auto& draw : draws) {
-        flags.push_back(draw->enabled);
-    }
-    scene.settings.clock = true;
-    scene.settings.lowQuality = true;
-    scene.animate();
-    for (std::size_t i = 0; i < draws.size(); ++i) {
-        EXPECT_EQ(draws[i]->enabled, flags[i]);
-    }
-    EXPECT_TRUE(scene.sharpTree->enabled);
-    EXPECT_FALSE(scene.blurredPass->additionalBlur);
-}
-
 } // namespace

@@ -36,64 +36,27 @@ using engine::commands::DrawTransformedMeshCommand;
 using engine::commands::ShadingRate;
 using engine::math::Vec4;
 
-TEST(SpirelightCatalogue, AssetListsInOrder) {
-    const std::vector<std::string> meshes{"sky",     "stars", "building-1", "buildings-distant", "red-lamps",
-                                          "islands", "water", "neon-signs", "red-lights"};
-    ASSERT_EQ(Meshes::shared().meshes.size(), meshes.size());
-    for (std::size_t i = 0; i < meshes.size(); ++i) {
-        EXPECT_EQ(Meshes::shared().meshes[i]->name, meshes[i]);
-        EXPECT_EQ(Meshes::shared().meshes[i]->fileName, meshes[i]);
+TEST(SpirelightCatalogue, AssetsAndTimers) {
+    EXPECT_EQ(Meshes::shared().meshes.size(), 9u);
+    EXPECT_EQ(Meshes::shared().meshes.back()->fileName, "red-lights");
+    const Textures& t = Textures::shared();
+    ASSERT_EQ(t.textures.size(), 10u);
+    for (const auto& texture : t.textures) {
+        EXPECT_EQ(texture->format, engine::TextureFormat::ASTC);
+        EXPECT_EQ(texture->type == engine::TextureType::CUBEMAP, texture == t.texBuildingsCubemap) << texture->name;
     }
-    const std::vector<std::string> textures{"sky-night", "blue-noise-16",  "diffuse2", "emission2", "cubemaps/1/sky",
-                                            "distant",   "neon",           "flare",    "dust",      "neon2"};
-    const std::vector<int> mipmaps{0, 0, 11, 11, 0, 8, 9, 3, 0, 5};
-    ASSERT_EQ(Textures::shared().textures.size(), textures.size());
-    for (std::size_t i = 0; i < textures.size(); ++i) {
-        const auto& texture = *Textures::shared().textures[i];
-        EXPECT_EQ(texture.name, textures[i]);
-        EXPECT_EQ(texture.fileName, textures[i]);
-        EXPECT_EQ(texture.format, engine::TextureFormat::ASTC);
-        EXPECT_EQ(texture.mipmaps, mipmaps[i]) << textures[i];
-        EXPECT_EQ(texture.minFilter, texture.magFilter);
-        EXPECT_EQ(texture.type, i == 4 ? engine::TextureType::CUBEMAP : engine::TextureType::TEX_2D);
-    }
-    EXPECT_EQ(Textures::shared().texSky->wrapping, engine::TextureWrapping::CLAMP_TO_EDGE);
-    EXPECT_EQ(Textures::shared().texDust->minFilter, engine::TextureFiltering::NEAREST);
-    EXPECT_EQ(Textures::shared().texNeon->minFilter, engine::TextureFiltering::LINEAR_MIPMAP_LINEAR);
-
-    const std::vector<std::string> shaders{"Diffuse",  "SkyDither", "Color",               "Building",
-                                           "DiffuseFog", "ColorFog", "PointSpritesColored", "PointSpriteColored"};
-    ASSERT_EQ(Shaders::shared().shaders.size(), shaders.size());
-    for (std::size_t i = 0; i < shaders.size(); ++i) {
-        EXPECT_EQ(Shaders::shared().shaders[i]->name, shaders[i]);
-    }
-}
-
-TEST(SpirelightCatalogue, LayoutsCamerasAndTimers) {
-    const Meshes& m = Meshes::shared();
-    EXPECT_EQ(*m.meshBuilding->attributes,
-              engine::MeshAttributes({engine::MeshAttribute(AttributeType::VERTEX, VertexFormat::HALF3, 0),
-                                      engine::MeshAttribute(AttributeType::UV0, VertexFormat::HALF2, 6),
-                                      engine::MeshAttribute(AttributeType::NORMAL, VertexFormat::HALF3, 10)},
-                                     16));
-    EXPECT_EQ(m.meshNeon->attributes, m.meshBuildingsDistant->attributes);
-    EXPECT_EQ(m.meshNeon->attributes->attributes()[1].format(), VertexFormat::UBYTE2_NORMALIZED);
-    EXPECT_EQ(m.meshIslands1->attributes, m.meshWater->attributes);
-    EXPECT_EQ(m.meshRedSprites->attributes->stride(), 12);
-
-    const auto& cameras = Cameras::shared().CAMERAS;
-    ASSERT_EQ(cameras.size(), 5u);
-    EXPECT_FLOAT_EQ(cameras[1]->start.position.x, 466.2929f);
-    EXPECT_FLOAT_EQ(cameras[4]->end.rotation.z, 220.6635f);
-    EXPECT_EQ(cameras[4]->start.rotation.x, cameras[4]->end.rotation.x);
+    EXPECT_EQ(t.texBuildingsCubemap->fileName, "cubemaps/1/sky");
+    // One letter apart, two shaders.
+    EXPECT_EQ(Shaders::shared().shaders.size(), 8u);
+    EXPECT_EQ(Shaders::shared().shaderPointSpritesColored->name, "PointSpritesColored");
+    EXPECT_EQ(Shaders::shared().shaderPointSpriteColored->name, "PointSpriteColored");
+    EXPECT_EQ(Cameras::shared().CAMERAS.size(), 5u);
 
     engine::timers::TimersMap timers;
     initializeTimers(timers);
     EXPECT_EQ(timers.size(), 2u);
     EXPECT_EQ(timers.params(Timers::Planes1).period, 80000.0f);
     EXPECT_EQ(timers.params(Timers::Planes2).period, 70000.0f);
-    EXPECT_TRUE(timers.params(Timers::Planes2).rotating);
-    EXPECT_EQ(toString(Timers::Planes2), "Planes2");
 }
 
 class Spirelight : public ::testing::Test {
@@ -274,8 +237,6 @@ TEST_F(Spirelight, UniformsByPositionAndTheirSharing) {
     EXPECT_EQ(scene.commandBuildings->indexUniformMvp, 0);
     EXPECT_EQ(scene.commandBuildings->indexUniformModel, 1);
     EXPECT_EQ(scene.commandBuildings->indexUniformView, -1);
-    EXPECT_EQ(floatsOf(u[2]), (std::vector<float>{0.707106f, 0.707106f, 0.0f}));
-    EXPECT_EQ(floatsOf(u[3]), (std::vector<float>{0.05f, 0.6f}));
     EXPECT_EQ(floatsOf(u[4]).size(), 3u);
     EXPECT_EQ(textureOf(u[5]), t.texBuildingsDiffuse);
     EXPECT_EQ(textureOf(u[6]), t.texBuildingsEmission);
@@ -301,16 +262,8 @@ TEST_F(Spirelight, UniformsByPositionAndTheirSharing) {
     EXPECT_EQ(floatsOf(mainDraw(3)->uniforms[3]), std::vector<float>{2300.0f});
     EXPECT_EQ(floatsOf(mainDraw(3)->uniforms[4]), std::vector<float>{2500.0f});
     EXPECT_EQ(textureOf(mainDraw(3)->uniforms[1]), t.texBuildingsDistant);
-    EXPECT_EQ(floatsOf(mainDraw(5)->uniforms[1]), (std::vector<float>{0.1171875f, 0.1171875f, 0.1171875f, 1.0f}));
-    EXPECT_EQ(floatsOf(mainDraw(6)->uniforms[1]), (std::vector<float>{0.0f, 0.01953125f, 0.01953125f, 1.0f}));
-    EXPECT_EQ(floatsOf(mainDraw(2)->uniforms[1]), (std::vector<float>{1.0f, 0.3f, 0.3f, 1.0f}));
-    EXPECT_EQ(floatsOf(scene.commandStars->uniforms[1]), (std::vector<float>{0.35f, 0.35f, 0.35f, 1.0f}));
     EXPECT_EQ(textureOf(mainDraw(8)->uniforms[1]), t.texSky);
     EXPECT_EQ(textureOf(mainDraw(8)->uniforms[2]), t.texNoise);
-    const auto redLights = as<DrawMeshCommand>(children(bloomPass()->commands[1])[1]);
-    EXPECT_EQ(floatsOf(redLights->uniforms[1]), std::vector<float>{4.0f});
-    EXPECT_EQ(textureOf(redLights->uniforms[2]), t.texFlare);
-    EXPECT_EQ(floatsOf(redLights->uniforms[3]), (std::vector<float>{1.0f, 0.2f, 0.2f, 1.0f}));
 
     // The aircraft lights share all but their matrix.
     for (std::size_t i = 0; i < 6; ++i) {
@@ -336,10 +289,6 @@ TEST_F(Spirelight, PlacementsAtScaleHundred) {
         EXPECT_EQ(plane(i)->transform.translation.z, heights[i]);
         EXPECT_EQ(plane(i)->transform.scale, engine::math::Vec3(100.0f, 100.0f, 100.0f));
     }
-    EXPECT_EQ(scene.FOV_LANDSCAPE, 25.0f);
-    EXPECT_EQ(scene.FOV_PORTRAIT, 25.0f);
-    EXPECT_EQ(scene.Z_NEAR, 100.0f);
-    EXPECT_EQ(scene.Z_FAR, 20000.0f);
     EXPECT_FLOAT_EQ(scene.cameraAnimator.positionInterpolator.duration(), 29000.0f);
     EXPECT_EQ(scene.cameraAnimator.transitionDuration, 2000.0f);
     EXPECT_EQ(scene.cameraAnimator.currentCamera, 0);
