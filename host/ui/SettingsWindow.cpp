@@ -19,6 +19,8 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace host::ui {
 
 namespace {
@@ -56,13 +58,32 @@ QSlider* slider(const QString& name, double from, double until, double scale) {
     return s;
 }
 
+// Tabs as tall as the page shown, not as the tallest page, so that the window fits each tab.
+class FittingTabs : public QTabWidget {
+public:
+    QSize sizeHint() const override { return fitted(QTabWidget::sizeHint(), &QWidget::sizeHint); }
+    QSize minimumSizeHint() const override {
+        return fitted(QTabWidget::minimumSizeHint(), &QWidget::minimumSizeHint);
+    }
+
+private:
+    QSize fitted(QSize all, QSize (QWidget::*hint)() const) const {
+        int tallest = 0;
+        for (int i = 0; i < count(); ++i) {
+            tallest = std::max(tallest, (widget(i)->*hint)().height());
+        }
+        const int shown = currentWidget() != nullptr ? (currentWidget()->*hint)().height() : tallest;
+        return QSize(all.width(), all.height() - tallest + shown);
+    }
+};
+
 } // namespace
 
 SettingsWindow::SettingsWindow(settings::Settings& settings, system::LaunchAtLogin* launchAtLogin, QWidget* parent)
     : QWidget(parent, Qt::Window | Qt::WindowStaysOnTopHint), settings_(settings), launchAtLogin_(launchAtLogin) {
     setObjectName(QStringLiteral("settingsWindow"));
     setWindowTitle(QStringLiteral("Settings"));
-    tabs_ = new QTabWidget(this);
+    tabs_ = new FittingTabs;
     tabs_->setObjectName(QStringLiteral("tabs"));
     tabs_->addTab(makeGeneral(), QIcon::fromTheme(iconNameOf(SettingsTab::General)), titleOf(SettingsTab::General));
     tabs_->addTab(makeScene(), QIcon::fromTheme(iconNameOf(SettingsTab::Scene)), titleOf(SettingsTab::Scene));
@@ -72,8 +93,17 @@ SettingsWindow::SettingsWindow(settings::Settings& settings, system::LaunchAtLog
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(tabs_);
-    // The window takes the size of its content on both axes.
+    // The window takes the size of its content on both axes: of the tab shown, not of the
+    // tallest one.
     layout->setSizeConstraint(QLayout::SetFixedSize);
+    connect(tabs_, &QTabWidget::currentChanged, this, &SettingsWindow::fitTab);
+    fitTab(tabs_->currentIndex());
+}
+
+void SettingsWindow::fitTab(int) {
+    tabs_->updateGeometry();
+    layout()->invalidate();
+    layout()->activate();
 }
 
 SettingsWindow::~SettingsWindow() = default;

@@ -54,6 +54,7 @@ private:
     QWidget* makeClock();
     QCheckBox* toggle(QFormLayout* form, const QString& text, const QString& name);
     void showHideIconAlert();
+    void fitTab(int index);
 
     settings::Settings& settings_;
     system::LaunchAtLogin* launchAtLogin_;

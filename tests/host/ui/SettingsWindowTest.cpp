@@ -10,7 +10,9 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QFileInfo>
+#include <QSet>
 #include <QFormLayout>
 #include <QLabel>
 #include <QMessageBox>
@@ -287,6 +289,30 @@ TEST_F(SettingsWindowTest, DisplayPickerListsTheScreensAndWritesTheMainOneWhenSh
     picker->setCurrentIndex(other);
     emit picker->activated(other);
     EXPECT_EQ(settings->display.read(), window::Display::fromIdentity("", "", "", "RIGHT")->id);
+}
+
+TEST_F(SettingsWindowTest, EveryTabDrawsItsControls) {
+    // With NIVALIS_SCREENSHOT_DIR set, the pictures are kept there for a look.
+    const QString keep = qEnvironmentVariable("NIVALIS_SCREENSHOT_DIR");
+    window->show();
+    for (int i = 0; i < window->tabs()->count(); ++i) {
+        window->tabs()->setCurrentIndex(i);
+        const QImage picture = window->grab().toImage();
+        ASSERT_FALSE(picture.isNull());
+        EXPECT_EQ(picture.width(), 480);
+        QSet<QRgb> colours;
+        for (int y = 0; y < picture.height(); y += 3) {
+            for (int x = 0; x < picture.width(); x += 3) {
+                colours.insert(picture.pixel(x, y));
+            }
+        }
+        EXPECT_GT(colours.size(), 8) << "tab " << i << " looks empty";
+        if (!keep.isEmpty()) {
+            QDir().mkpath(keep);
+            picture.save(QDir(keep).filePath(QStringLiteral("settings-%1.png").arg(window->tabs()->tabText(i))));
+        }
+    }
+    window->hide();
 }
 
 TEST(DisplayPickerRuleTest, ShownValueFollowsTheStoredDisplayWhileItIsConnected) {
