@@ -4,6 +4,8 @@
 #include <stdexcept>
 
 #include "tools/assetgen/catalogue/TextureWriter.h"
+#include "tools/assetgen/betonia/BetoniaAssets.h"
+#include "tools/assetgen/example/ExampleAssets.h"
 #include "tools/assetgen/io/ModelFile.h"
 #include "tools/assetgen/nivalis/NivalisAssets.h"
 #include "tools/assetgen/shared/Vignette.h"
@@ -13,6 +15,8 @@ namespace tools::assetgen::catalogue {
 std::vector<std::unique_ptr<SceneAssets>> Generator::allScenes() {
     std::vector<std::unique_ptr<SceneAssets>> scenes;
     scenes.push_back(std::make_unique<nivalis::NivalisAssets>());
+    scenes.push_back(std::make_unique<betonia::BetoniaAssets>());
+    scenes.push_back(std::make_unique<example::ExampleAssets>());
     return scenes;
 }
 

@@ -62,8 +62,8 @@ mesh::MeshData BirdModel::build(double beat) {
     // Wings: swept stations from the shoulder to the tip; the inner wing turns at the shoulder,
     // the outer part bends further, as a wing does in its beat.
     const std::vector<Station> stations = {
-        {3.0, -5.0, 7.0, 0.0}, {16.0, -6.5, 8.5, 0.35}, {30.0, -6.0, 6.5, 0.7}, {42.0, -3.5, 4.0, 1.0},
-        {50.0, 0.0, 3.0, 1.2}, {HALF_SPAN, 3.5, 4.5, 1.35}};
+        {3.0, -5.0, 7.0, 0.0}, {23.0, -7.0, 9.0, 0.35}, {43.0, -6.5, 7.0, 0.7}, {61.0, -4.0, 4.5, 1.0},
+        {72.0, 0.0, 3.5, 1.2}, {HALF_SPAN, 4.0, 5.0, 1.35}};
     const double inner = beat > 0 ? 28.0 * beat : 24.0 * beat; // degrees at the shoulder
     const double outer = beat > 0 ? 18.0 * beat : 16.0 * beat; // extra towards the tip
     for (double side : {-1.0, 1.0}) {

@@ -7,11 +7,11 @@ namespace tools::assetgen::nivalis {
 /// A long-winged sea bird, head towards -Y, wings along X, drawn in one colour against the sky.
 /// Its vertices are shared between faces (there is no shading to keep apart) and every face is
 /// drawn from both sides, so the flat wings show from above and below. The scene stretches it
-/// by 6 across and 3 along, so the model's wings are short: about 110 units tip to tip.
+/// by 6 across and 3 along, so the model's wings are short: about 160 units tip to tip.
 class BirdModel {
 public:
     /// Half the span of the wings in model units.
-    static constexpr double HALF_SPAN = 55.0;
+    static constexpr double HALF_SPAN = 80.0;
 
     BirdModel() = delete;
 

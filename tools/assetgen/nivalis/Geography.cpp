@@ -1,5 +1,6 @@
 #include "tools/assetgen/nivalis/Geography.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "scenes/nivalis/Cameras.h"
@@ -44,6 +45,9 @@ std::vector<Geography::Island> makeIslands() {
                        {{-13600, 12900, 3600, 2600}, {-10000, 14300, 3300, 2300}, {-6800, 12300, 3000, 1900},
                         {-15200, 15200, 2500, 1700}, {-6000, 15600, 2200, 1500}},
                        {Calm{-11200, 7800, 2200, 1800, 33.5, 1.5, 900}, Calm{-10050, 8520, 650, 900, 67.7, 1.0, 70}},
+                       {{-11900, 9650, 560}, {-8650, 8900, 420}, {-13600, 8300, 380}},
+                       {{-13300, 9900, 520, 300}, {-8500, 10500, 650, 380}, {-12600, 11200, 600, 420},
+                        {-9600, 6900, 260, 120}},
                        165.0, 11u});
     // The seals' land: a snow plateau at the walking height, mountains to the south and east.
     islands.push_back({"seal plateau",
@@ -54,6 +58,8 @@ std::vector<Geography::Island> makeIslands() {
                        {{-12000, -15600, 3200, 2800}, {-7600, -14600, 2800, 2400}, {-5900, -9300, 2200, 1800},
                         {-15800, -12200, 2400, 2000}, {-9800, -16600, 2000, 1900}},
                        {Calm{-10800, -10600, 3700, 3300, 204.8, 5.0, 900}},
+                       {{-14900, -7000, 650}},
+                       {{-7600, -11700, 420, 340}, {-13900, -12400, 520, 420}, {-11700, -7000, 380, 260}},
                        165.0, 23u});
     // The island the southern cameras look at: an ice shelf at the height they aim for.
     islands.push_back({"south-east island",
@@ -64,6 +70,8 @@ std::vector<Geography::Island> makeIslands() {
                        {{12300, -13800, 3300, 3200}, {8200, -14800, 2500, 2200}, {15200, -10200, 2200, 2000},
                         {10200, -11500, 1800, 900}},
                        {},
+                       {},
+                       {},
                        185.0, 37u});
     // Two northern islands inside the long northern course, a strait between them.
     islands.push_back({"north-west island",
@@ -72,12 +80,16 @@ std::vector<Geography::Island> makeIslands() {
                        60.0, 80.0, 380.0, Shelf::ICE,
                        {{-19000, 30000, 4500, 3400}, {-15500, 26800, 3200, 2400}, {-21000, 26000, 2500, 1800}},
                        {},
+                       {},
+                       {},
                        260.0, 41u});
     islands.push_back({"north-east island",
                        {{-3200, 23600}, {1000, 23000}, {4600, 22300}, {2600, 25200}, {0, 28200}, {-3000, 30500},
                         {-6500, 29500}, {-6000, 26500}, {-4500, 24500}},
                        50.0, 70.0, 300.0, Shelf::ICE,
                        {{-1800, 26600, 3000, 2600}, {1800, 23800, 1800, 1400}},
+                       {},
+                       {},
                        {},
                        240.0, 43u});
     // The large western island inside the south-western course.
@@ -89,6 +101,8 @@ std::vector<Geography::Island> makeIslands() {
                        {{-41000, -1500, 6000, 4300}, {-36800, 2300, 3800, 3000}, {-44800, -4800, 3600, 3100},
                         {-36000, -8000, 3000, 2200}},
                        {},
+                       {},
+                       {},
                        380.0, 53u});
     // A rock inside the small south-western loop.
     islands.push_back({"skerry",
@@ -97,6 +111,8 @@ std::vector<Geography::Island> makeIslands() {
                        25.0, 60.0, 150.0, Shelf::ICE,
                        {{-16600, -23500, 1100, 800}},
                        {},
+                       {},
+                       {},
                        150.0, 59u});
     // Land beyond the eastern end of the long course.
     islands.push_back({"east land",
@@ -104,6 +120,8 @@ std::vector<Geography::Island> makeIslands() {
                         {40000, 1000}, {37500, -9500}, {33000, -16000}, {29500, -16500}},
                        90.0, 90.0, 450.0, Shelf::ICE,
                        {{35000, 0, 5500, 4600}, {33500, -10000, 4200, 3600}, {34500, 8000, 3500, 2800}},
+                       {},
+                       {},
                        {},
                        450.0, 61u});
     return islands;
@@ -126,13 +144,17 @@ Geography::Geography() : islands(makeIslands()) {
         const double halfWidth = SealModel::WIDTH * 0.5 * seal.scale + 30.0;
         tracks.push_back({sample(*seal.spline, 900), z, halfWidth, 110.0});
     }
-    // Resting seals lie in hollows shaped like their bodies; the head points along -Y of the
-    // model, turned by the seal's rotation about Z.
+    // Resting seals lie in shallow basins, as wide as the walks around them allow: the body
+    // in the flat middle, the slope up to the walking height beyond.
     for (const auto& seal : seals.IDLE) {
-        const double along = SealModel::LENGTH * 0.5 * seal.scale + 35.0;
-        const double across = SealModel::WIDTH * 0.5 * seal.scale + 35.0;
-        pads.push_back({seal.position.x, seal.position.y, seal.position.z, along, across,
-                        static_cast<double>(seal.rotation.z) - 90.0, 75.0});
+        double room = 2000.0;
+        for (const auto& track : tracks) {
+            room = std::min(room, track.path.distance(seal.position.x, seal.position.y, 5000.0) - track.halfWidth - 30.0);
+        }
+        const double body = SealModel::LENGTH * 0.5 * seal.scale + 30.0;
+        const double flat = std::clamp(0.45 * room, body, std::max(body, room - 70.0));
+        const double blend = std::max(60.0, room - flat);
+        pads.push_back({seal.position.x, seal.position.y, seal.position.z, flat, flat, 0.0, blend});
     }
     // Penguins stand on small level patches.
     const auto& penguins = scenes::nivalis::Penguins::shared();
@@ -149,7 +171,7 @@ Geography::Geography() : islands(makeIslands()) {
     }
 }
 
-core::Vec3d Geography::keyLight() const { return direction(-118.0, 36.0); }
+core::Vec3d Geography::keyLight() const { return direction(-160.0, 40.0); }
 core::Vec3d Geography::highSun() const { return direction(-104.0, 13.5); }
 core::Vec3d Geography::lowSun() const { return direction(-32.0, 3.2); }
 

@@ -23,6 +23,14 @@ public:
     struct CalmZone {
         double x, y, radiusX, radiusY, level, roughness, fade;
     };
+    /// A bay cut into an island's shelf: open water within `radius` of (x, y), an ice cliff around.
+    struct Bay {
+        double x, y, radius;
+    };
+    /// A rock standing out of the shelf, even where the ground is otherwise kept level.
+    struct Outcrop {
+        double x, y, radius, height;
+    };
     /// Surface material of an island's flat shelf.
     enum class Shelf { ICE, SNOW };
     /// One island: a rough outline (counter-clockwise), a shelf with an ice cliff at the coast,
@@ -36,6 +44,8 @@ public:
         Shelf shelf;
         std::vector<Peak> peaks;
         std::vector<CalmZone> calm;
+        std::vector<Bay> bays;
+        std::vector<Outcrop> outcrops;
         /// Spacing of terrain vertices on this island.
         double spacing;
         unsigned seed;

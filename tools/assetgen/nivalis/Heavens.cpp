@@ -93,7 +93,7 @@ mesh::MeshData Heavens::stars() {
 mesh::MeshData Heavens::clouds() {
     mesh::MeshData out;
     core::Rng rng(0xC10D5ull);
-    constexpr int patches = 150;
+    constexpr int patches = 90;
     constexpr int rim = 14;
     for (int i = 0; i < patches; ++i) {
         // Area-uniform over a ring about the origin, which the deck turns around.
@@ -101,13 +101,13 @@ mesh::MeshData Heavens::clouds() {
         const double rMax = 53000.0;
         const double r = std::sqrt(rMin * rMin + (rMax * rMax - rMin * rMin) * rng.uniform());
         const double a = 2.0 * kPi * rng.uniform();
-        const Vec3d middle{r * std::cos(a), r * std::sin(a), Geography::CLOUD_BASE + rng.uniform(-900.0, 900.0)};
-        // Long streaks across the wind, some broad, some narrow.
-        const double length = rng.uniform(3500.0, 10000.0);
-        const double width = length * rng.uniform(0.25, 0.55);
-        const double heading = rng.uniform(-0.35, 0.35) + 0.4; // radians: the wind's direction
-        const double thickness = rng.uniform(250.0, 700.0);
-        const double density = rng.uniform(0.7, 1.0);
+        const Vec3d middle{r * std::cos(a), r * std::sin(a), Geography::CLOUD_BASE + rng.uniform(-700.0, 700.0)};
+        // Long thin streaks along the wind.
+        const double length = rng.uniform(6000.0, 17000.0);
+        const double width = length * rng.uniform(0.1, 0.26);
+        const double heading = rng.uniform(-0.3, 0.3) + 0.4; // radians: the wind's direction
+        const double thickness = rng.uniform(120.0, 380.0);
+        const double density = rng.uniform(0.65, 1.0);
         const unsigned seed = static_cast<unsigned>(rng.next());
         auto place = [&](double along, double across, double lift, double d) {
             mesh::Vertex v;

@@ -148,8 +148,10 @@ mesh::MeshData PenguinModel::build(Detail detail, const Pose& pose) {
     // Faces take the colour of the rest pose; only positions follow `pose`.
     mesh::MeshData rest = Builder(detail, Pose{}).build();
     mesh::MeshData posed = Builder(detail, pose).build();
+    // The body is drawn 40 units tall; the model is that times 1.5.
+    constexpr double size = PenguinModel::HEIGHT / 40.0;
     for (std::size_t i = 0; i < rest.vertices.size(); ++i) {
-        rest.vertices[i].position = posed.vertices[i].position;
+        rest.vertices[i].position = posed.vertices[i].position * size;
         rest.vertices[i].normal = posed.vertices[i].normal;
     }
     return rest;

@@ -6,15 +6,15 @@
 
 namespace tools::assetgen::nivalis {
 
-/// A low-poly penguin standing at the origin on its feet, facing -Y, about 40 units tall.
+/// A low-poly penguin standing at the origin on its feet, facing -Y, about 60 units tall.
 /// Every pose has the same vertices in the same order (only their places change), so that the
 /// poses of an animation can be stored per vertex; each face keeps the colour of the rest pose.
 class PenguinModel {
 public:
     /// Height of the model from its feet to the top of its head.
-    static constexpr double HEIGHT = 40.0;
+    static constexpr double HEIGHT = 60.0;
     /// Radius of the ground the feet stand on.
-    static constexpr double FOOT_RADIUS = 9.0;
+    static constexpr double FOOT_RADIUS = 13.0;
 
     /// How finely the body is cut: the first idle penguin has the larger vertex budget.
     enum class Detail { FINE, COARSE };

@@ -67,9 +67,15 @@ const Terrain& Terrain::shared() {
 double Terrain::coastDistance(int index, double x, double y) const {
     const auto& island = geography_.islands[index];
     const double calm = calmWeight(index, x, y);
-    const double noise = core::Noise::fbm(x / 1700.0, y / 1700.0, 3, island.seed) * island.coastNoise +
+    const double noise = core::Noise::fbm(x / 3800.0, y / 3800.0, 2, island.seed + 3u) * island.coastNoise * 1.6 +
+                         core::Noise::fbm(x / 1500.0, y / 1500.0, 3, island.seed) * island.coastNoise +
                          core::Noise::fbm(x / 420.0, y / 420.0, 2, island.seed + 5u) * island.coastNoise * 0.3;
-    return polygonDistance(island.outline, x, y) + noise * (1.0 - 0.85 * calm);
+    double d = polygonDistance(island.outline, x, y) + noise * (1.0 - 0.85 * calm);
+    for (const auto& bay : island.bays) {
+        const double wobble = core::Noise::fbm(x / 300.0, y / 300.0, 2, island.seed + 7u) * bay.radius * 0.25;
+        d = std::min(d, std::hypot(x - bay.x, y - bay.y) - bay.radius + wobble);
+    }
+    return d;
 }
 
 double Terrain::calmWeight(int index, double x, double y) const {
@@ -112,21 +118,32 @@ double Terrain::heightOf(int index, double x, double y) const {
     }
     const double calm = calmWeight(index, x, y);
 
-    // Mountains: ridged cones inland, strongest near each peak.
+    // Mountains: massifs of ridged noise inland, highest near each peak.
     double mountain = 0.0;
-    const double ridge = core::Noise::ridged(x / 2600.0, y / 2600.0, 5, seed + 23u);
-    const double lumps = 0.5 + 0.5 * core::Noise::fbm(x / 5200.0, y / 5200.0, 2, seed + 29u);
+    const double ridge = core::Noise::ridged(x / 2100.0, y / 2100.0, 5, seed + 23u);
+    const double lumps = 0.5 + 0.5 * core::Noise::fbm(x / 4200.0, y / 4200.0, 3, seed + 29u);
     for (const auto& peak : island.peaks) {
         const double r = std::hypot(x - peak.x, y - peak.y);
         if (r >= peak.radius) {
             continue;
         }
         const double fall = 1.0 - r / peak.radius;
-        const double cone = fall * fall * (3.0 - 2.0 * fall);
-        mountain = std::max(mountain, peak.height * cone * (0.35 + 0.55 * ridge + 0.25 * lumps));
+        const double cone = std::pow(fall * fall * (3.0 - 2.0 * fall), 0.85);
+        mountain = std::max(mountain, peak.height * cone * (0.2 + 0.75 * ridge + 0.3 * lumps));
     }
-    const double inland = smoothstep(150.0, 2000.0, d);
-    return ground + mountain * inland * (1.0 - calm);
+    const double inland = smoothstep(60.0, 1100.0, d);
+    double height = ground + mountain * inland * (1.0 - calm);
+
+    // Rocks standing out of the shelf.
+    for (const auto& rock : island.outcrops) {
+        const double r = std::hypot(x - rock.x, y - rock.y);
+        if (r < rock.radius) {
+            const double fall = 1.0 - r / rock.radius;
+            const double crag = 0.55 + 0.6 * core::Noise::ridged(x / 260.0, y / 260.0, 3, seed + 31u);
+            height = std::max(height, ground + rock.height * std::pow(fall, 1.3) * crag * cliff);
+        }
+    }
+    return height;
 }
 
 double Terrain::islandHeight(double x, double y) const {

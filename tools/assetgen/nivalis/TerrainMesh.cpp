@@ -153,22 +153,28 @@ void scatter(const Terrain& terrain, int index, const Geography::Island& island,
     }
 }
 
-/// Material and light of one face of an island.
-double paint(const Geography::Island& island, const Vec3d& n, const Vec3d& c, double lowest, const Vec3d& light) {
-    const double lit = n.dot(light) + 0.06 * core::Noise::gradient(c.x / 700.0, c.y / 700.0, island.seed + 97u);
-    const int shade = lit > 0.74 ? 0 : lit > 0.52 ? 1 : lit > 0.28 ? 2 : 3;
+/// Material and light of one face of an island. The thresholds of light sit close around that
+/// of level ground, so that gentle undulations break flat ice into facets.
+double paint(const Terrain& terrain, int index, const Geography::Island& island, const Vec3d& n, const Vec3d& c,
+             double lowest, const Vec3d& light) {
+    const double lit = n.dot(light) + 0.05 * core::Noise::gradient(c.x / 600.0, c.y / 600.0, island.seed + 97u);
+    const double level = light.z;
+    const int shade = lit > level + 0.16 ? 0 : lit > level - 0.015 ? 1 : lit > level - 0.3 ? 2 : 3;
     if (lowest < 4.0 && c.z < 12.0) {
-        return Palette::u(Palette::SHORE, shade >= 2 ? 1 : 0);
+        // The water line: wet dark rock under mountains, the foot of the ice elsewhere.
+        return c.z > 0.0 && n.z < 0.5 && island.shelfHeight < 40.0 ? Palette::u(Palette::SHORE, shade >= 2 ? 1 : 0)
+                                                                    : Palette::u(Palette::ICE_CLIFF, 3);
     }
     const double shelfTop = island.shelfHeight * 1.25 + 40.0;
+    const double calm = terrain.calmWeight(index, c.x, c.y);
     if (c.z < shelfTop) {
-        if (n.z > 0.86) {
+        if (n.z > 0.86 - 0.3 * calm) {
             return Palette::u(island.shelf == Geography::Shelf::SNOW ? Palette::SNOW : Palette::ICE, shade);
         }
         return Palette::u(Palette::ICE_CLIFF, shade);
     }
-    const double wobble = 0.09 * core::Noise::gradient(c.x / 900.0, c.y / 900.0, island.seed + 101u);
-    const bool snow = n.z > 0.72 + wobble || (n.z > 0.5 && c.z > 2600.0);
+    const double wobble = 0.12 * core::Noise::gradient(c.x / 900.0, c.y / 900.0, island.seed + 101u);
+    const bool snow = n.z > 0.6 + wobble || (n.z > 0.42 && c.z > 2400.0);
     return Palette::u(snow ? Palette::SNOW : Palette::ROCK, shade);
 }
 
@@ -206,7 +212,7 @@ mesh::MeshData buildWith(const Terrain& terrain, const Geography& geography, dou
             }
             const Vec3d n = mesh::Facets::normal(a, b, c);
             const double lowest = std::min({a.z, b.z, c.z});
-            facets.triangle(a, b, c, paint(island, n, (a + b + c) / 3.0, lowest, light));
+            facets.triangle(a, b, c, paint(terrain, index, island, n, (a + b + c) / 3.0, lowest, light));
         }
     }
     out.weld();
