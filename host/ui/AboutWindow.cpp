@@ -42,7 +42,6 @@ AboutWindow::AboutWindow(QWidget* parent) : QWidget(parent, Qt::Window) {
 
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(4);
-    layout->setAlignment(Qt::AlignHCenter);
     layout->setContentsMargins(16, 16, 16, 16);
 
     auto* icon = new QLabel;
@@ -87,7 +86,9 @@ AboutWindow::AboutWindow(QWidget* parent) : QWidget(parent, Qt::Window) {
     layout->addLayout(credits);
 
     setFixedWidth(kWidth);
-    layout->setSizeConstraint(QLayout::SetMinAndMaxSize);
+    // The credits wrap: the height follows from the width once the layout has run.
+    layout->activate();
+    setFixedHeight(layout->hasHeightForWidth() ? layout->totalHeightForWidth(kWidth) : sizeHint().height());
 }
 
 void AboutWindow::showShared() {
