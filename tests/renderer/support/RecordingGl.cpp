@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <regex>
 #include <sstream>
 
 namespace renderer::test {
@@ -42,6 +41,34 @@ bool parseType(const std::string& type, bool& isFloat, int& components) {
     isFloat = it->second.first;
     components = it->second.second;
     return true;
+}
+
+/// The `uniform <type> <name>;` and `uniform <type> <name>[<n>];` declarations of `source`.
+std::vector<RecordingGl::UniformDecl> declarations(const std::string& source) {
+    std::vector<RecordingGl::UniformDecl> found;
+    std::istringstream words(source);
+    std::string word;
+    while (words >> word) {
+        if (word != "uniform") {
+            continue;
+        }
+        std::string type;
+        std::string rest;
+        if (!(words >> type >> rest)) {
+            break;
+        }
+        RecordingGl::UniformDecl decl;
+        const std::size_t end = rest.find_first_of("[;");
+        decl.name = rest.substr(0, end);
+        if (end != std::string::npos && rest[end] == '[') {
+            decl.arraySize = std::stoi(rest.substr(end + 1));
+        }
+        if (!parseType(type, decl.isFloat, decl.components)) {
+            ADD_FAILURE() << "uniform of unknown type " << type;
+        }
+        found.push_back(decl);
+    }
+    return found;
 }
 
 std::string number(double value) {
@@ -311,15 +338,7 @@ GLuint RecordingGl::createProgram(std::string_view vertexSource, std::string_vie
     GLuint name = newName();
     Program program;
     program.vertexSource = std::string(vertexSource);
-    static const std::regex DECLARATION(R"(uniform\s+(\w+)\s+(\w+)\s*(?:\[\s*(\d+)\s*\])?\s*;)");
-    for (auto it = std::sregex_iterator(sources.begin(), sources.end(), DECLARATION); it != std::sregex_iterator();
-         ++it) {
-        UniformDecl decl;
-        decl.name = (*it)[2];
-        if (!parseType((*it)[1], decl.isFloat, decl.components)) {
-            ADD_FAILURE() << "uniform of unknown type " << (*it)[1];
-        }
-        decl.arraySize = (*it)[3].matched ? std::stoi((*it)[3]) : 1;
+    for (const UniformDecl& decl : declarations(sources)) {
         bool known = false;
         for (const auto& other : program.uniforms) {
             known = known || other.name == decl.name;

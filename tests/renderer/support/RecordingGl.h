@@ -204,13 +204,15 @@ public:
     void endTimeQuery() override;
     std::uint64_t timeQueryResult(GLuint query) override;
 
-private:
+    /// A uniform declared in a program's sources.
     struct UniformDecl {
         std::string name;
         bool isFloat = true;
         int components = 1;
         int arraySize = 1;
     };
+
+private:
     struct Program {
         std::string vertexSource;
         std::vector<UniformDecl> uniforms; // location == position
