@@ -144,17 +144,30 @@ Geography::Geography() : islands(makeIslands()) {
         const double halfWidth = SealModel::WIDTH * 0.5 * seal.scale + 30.0;
         tracks.push_back({sample(*seal.spline, 900), z, halfWidth, 110.0});
     }
-    // Resting seals lie in shallow basins, as wide as the walks around them allow: the body
-    // in the flat middle, the slope up to the walking height beyond.
+    // Resting seals lie in basins shaped like their bodies (the head along -Y of the model, turned
+    // by the seal's rotation), level under the body and rising to the walking height as far out
+    // as the walks around them allow.
     for (const auto& seal : seals.IDLE) {
-        double room = 2000.0;
+        Pad pad{seal.position.x, seal.position.y, seal.position.z, SealModel::LENGTH * 0.5 * seal.scale + 25.0,
+                SealModel::WIDTH * 0.5 * seal.scale + 25.0, static_cast<double>(seal.rotation.z) - 90.0, 380.0};
+        const double axis = pad.direction * 3.14159265358979323846 / 180.0;
         for (const auto& track : tracks) {
-            room = std::min(room, track.path.distance(seal.position.x, seal.position.y, 5000.0) - track.halfWidth - 30.0);
+            for (const auto& q : track.path.points()) {
+                const double dx = q.x - pad.x;
+                const double dy = q.y - pad.y;
+                const double d = std::hypot(dx, dy);
+                if (d > 2000.0 || d == 0.0) {
+                    continue;
+                }
+                // Radius of the body's ellipse towards that point of the walk.
+                const double c = (dx * std::cos(axis) + dy * std::sin(axis)) / d;
+                const double s = (-dx * std::sin(axis) + dy * std::cos(axis)) / d;
+                const double edge = pad.along * pad.across / std::hypot(pad.across * c, pad.along * s);
+                pad.blend = std::min(pad.blend, d - edge - track.halfWidth - 15.0);
+            }
         }
-        const double body = SealModel::LENGTH * 0.5 * seal.scale + 30.0;
-        const double flat = std::clamp(0.45 * room, body, std::max(body, room - 70.0));
-        const double blend = std::max(60.0, room - flat);
-        pads.push_back({seal.position.x, seal.position.y, seal.position.z, flat, flat, 0.0, blend});
+        pad.blend = std::max(pad.blend, 30.0);
+        pads.push_back(pad);
     }
     // Penguins stand on small level patches.
     const auto& penguins = scenes::nivalis::Penguins::shared();

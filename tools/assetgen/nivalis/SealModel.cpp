@@ -154,9 +154,9 @@ std::vector<SealModel::Pose> SealModel::walkLoop(int frames) {
         const double s = frames > 1 ? static_cast<double>(f) / (frames - 1) : 0.0;
         Pose p;
         p.wave = 2.0 * kPi * s;
-        p.waveHeight = 0.55;
-        p.headLift = 0.35 + 0.15 * std::sin(2.0 * kPi * s + 1.0);
-        p.foreFlippers = 28.0 * std::sin(2.0 * kPi * s);
+        p.waveHeight = 0.85;
+        p.headLift = 0.35 + 0.2 * std::sin(2.0 * kPi * s + 1.0);
+        p.foreFlippers = 35.0 * std::sin(2.0 * kPi * s);
         p.tailLift = 0.2 + 0.2 * std::sin(2.0 * kPi * s + kPi);
         poses.push_back(p);
     }
