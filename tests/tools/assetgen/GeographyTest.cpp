@@ -150,6 +150,29 @@ TEST(Geography, ShipsSailOnOpenWaterWithRoomForTheHull) {
     }
 }
 
+TEST(Geography, IcebergsDriftClearOfTheCoursesAndTheCameras) {
+    const auto& g = Geography::shared();
+    EXPECT_GE(g.icebergs.size(), 20u);
+    for (const auto& berg : g.icebergs) {
+        for (const auto& ship : scenes::nivalis::ShipsConfig::shared().SHIPS) {
+            const double hull = tools::assetgen::nivalis::ShipModel::LENGTH * 0.5 * ship.scale;
+            for (int i = 0; i < 1000; ++i) {
+                const auto p = ship.spline->getCurrentPoint(i / 1000.0);
+                ASSERT_GT(std::hypot(p.x - berg.x, p.y - berg.y), berg.radius * 1.2 + hull + 300.0);
+            }
+        }
+        for (const auto& pair : scenes::nivalis::Cameras::shared().CAMERAS) {
+            for (int i = 0; i <= 100; ++i) {
+                const double t = i / 100.0;
+                const auto& a = pair->start.position;
+                const auto& b = pair->end.position;
+                const double x = a.x + (b.x - a.x) * t, y = a.y + (b.y - a.y) * t, z = a.z + (b.z - a.z) * t;
+                ASSERT_TRUE(std::hypot(x - berg.x, y - berg.y) > berg.radius * 1.2 + 100.0 || z > berg.height + 300.0);
+            }
+        }
+    }
+}
+
 TEST(Geography, CameraEyesStayAboveLandAndSea) {
     for (const auto& pair : scenes::nivalis::Cameras::shared().CAMERAS) {
         const auto& a = pair->start.position;

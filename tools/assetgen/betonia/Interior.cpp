@@ -137,7 +137,7 @@ void Interior::hollow(const Vec3d& lo, const Vec3d& hi, Surface surface, const s
     }
 }
 
-double Interior::light(const Vec3d& p0, const Vec3d& n) const {
+std::array<double, 3> Interior::light(const Vec3d& p0, const Vec3d& n) const {
     const Vec3d p = p0 + n * 1.5;
     // Corners and feet of walls and pillars are darker.
     double occlusion = 1.0;
@@ -213,8 +213,13 @@ double Interior::light(const Vec3d& p0, const Vec3d& n) const {
             lampLight += lamp.strength * cosHere / (1.0 + dist2 / (420.0 * 420.0)) / samples;
         }
     }
-    return 0.26 * occlusion + skyStrength * 2.6 * skyLight * std::sqrt(occlusion) + sunStrength * sunLight +
-           lampLight * occlusion;
+    const double ambient = 0.28 * occlusion;
+    const double sky = skyStrength * 2.6 * skyLight * std::sqrt(occlusion);
+    const double sunlit = sunStrength * sunLight;
+    const double lamps = lampLight * occlusion;
+    // Channel weights: ambient and daylight a little blue, sun and lamps warm.
+    return {ambient * 0.96 + sky * 0.9 + sunlit * 1.08 + lamps * 1.1, ambient * 0.99 + sky * 0.97 + sunlit * 0.98 + lamps * 0.95,
+            ambient * 1.06 + sky * 1.1 + sunlit * 0.82 + lamps * 0.72};
 }
 
 std::array<double, 3> Interior::colour(Surface surface, const Vec3d& p, const Vec3d& n) const {
@@ -251,10 +256,10 @@ std::array<double, 3> Interior::colour(Surface surface, const Vec3d& p, const Ve
         const double cy = std::fmod(std::fabs(p.y), 600.0);
         base -= 0.06 * (1.0 - smoothstep(0.5, 2.0, std::min({cx, 600.0 - cx, cy, 600.0 - cy})));
     }
-    const double lit = light(p, n);
-    const double r = 1.0 - std::exp(-base * 1.02 * lit * 1.8);
-    const double g = 1.0 - std::exp(-base * 1.0 * lit * 1.8);
-    const double b = 1.0 - std::exp(-base * 0.96 * lit * 1.8);
+    const auto lit = light(p, n);
+    const double r = 1.0 - std::exp(-base * 1.02 * lit[0] * 2.0);
+    const double g = 1.0 - std::exp(-base * 1.0 * lit[1] * 2.0);
+    const double b = 1.0 - std::exp(-base * 0.96 * lit[2] * 2.0);
     return {r, g, b};
 }
 

@@ -84,8 +84,9 @@ public:
     void hollow(const core::Vec3d& lo, const core::Vec3d& hi, Surface surface, const std::array<bool, 6>& open,
                 int part = 0);
 
-    /// Light arriving at `p` on a surface facing `n` (about 1 in good daylight).
-    double light(const core::Vec3d& p, const core::Vec3d& n) const;
+    /// Light arriving at `p` on a surface facing `n` (about 1 in good daylight), per colour
+    /// channel: warm sun and lamps, cool daylight from the openings.
+    std::array<double, 3> light(const core::Vec3d& p, const core::Vec3d& n) const;
     /// The colour of `surface` at `p`, facing `n`, lit; 0..1 per channel.
     std::array<double, 3> colour(Surface surface, const core::Vec3d& p, const core::Vec3d& n) const;
 

@@ -29,7 +29,7 @@ Vec3d light() { return Vec3d{-0.45, -0.6, 0.66}.normalized(); }
 /// Which model a face of the land belongs to.
 std::string regionOf(const Vec3d& centre, const Vec3d& normal) {
     const double r = std::hypot(centre.x, centre.y);
-    if (r < 60.0 && centre.z > -33.0) {
+    if (r < 66.0) {
         return normal.dot(light()) > 0.55 ? "center_rock_bright" : "center_rock_dark";
     }
     if (r < 470.0) {
@@ -240,7 +240,7 @@ double Valley::height(double x, double y) {
     // Blue mountains on the horizon.
     const double ridge = core::Noise::ridged(x / 1300.0, y / 1300.0, 4, 17u);
     const double range = smoothstep(3300.0, 4300.0, r) * (1.0 - smoothstep(6400.0, 7300.0, r));
-    ground += range * (500.0 + 1300.0 * ridge);
+    ground += range * (260.0 + 760.0 * ridge);
     return std::max(ground, rock);
 }
 

@@ -7,7 +7,9 @@
 #include "scenes/nivalis/Penguins.h"
 #include "scenes/nivalis/Seals.h"
 #include "scenes/nivalis/ShipsConfig.h"
+#include "tools/assetgen/core/Rng.h"
 #include "tools/assetgen/nivalis/PenguinModel.h"
+#include "tools/assetgen/nivalis/Terrain.h"
 #include "tools/assetgen/nivalis/SealModel.h"
 
 namespace tools::assetgen::nivalis {
@@ -84,9 +86,10 @@ std::vector<Geography::Island> makeIslands() {
                        {},
                        260.0, 41u});
     islands.push_back({"north-east island",
-                       {{-3200, 23600}, {1000, 23000}, {4600, 22300}, {2600, 25200}, {0, 28200}, {-3000, 30500},
-                        {-6500, 29500}, {-6000, 26500}, {-4500, 24500}},
-                       50.0, 70.0, 300.0, Shelf::ICE,
+                       {{-3200, 23600}, {-1200, 23700}, {1000, 23000}, {4600, 22300}, {3400, 24000}, {1200, 24600},
+                        {2600, 25200}, {600, 27400}, {0, 28200}, {-1400, 29000}, {-3000, 30500}, {-4600, 29200},
+                        {-6500, 29500}, {-5200, 28200}, {-6000, 26500}, {-4500, 24500}},
+                       50.0, 70.0, 420.0, Shelf::ICE,
                        {{-1800, 26600, 3000, 2600}, {1800, 23800, 1800, 1400}},
                        {},
                        {},
@@ -181,6 +184,38 @@ Geography::Geography() : islands(makeIslands()) {
         const auto& a = pair->start.position;
         const auto& b = pair->end.position;
         flights.push_back({{a.x, a.y, a.z}, {b.x, b.y, b.z}});
+    }
+    placeIcebergs();
+}
+
+void Geography::placeIcebergs() {
+    // Scattered over open water, clear of the courses, the cameras' ground tracks and the land.
+    const Terrain terrain(*this);
+    core::Rng rng(0x1CEB3Eull);
+    for (int attempt = 0; attempt < 4000 && icebergs.size() < 70; ++attempt) {
+        const double a = rng.uniform(0.0, 6.283185307179586);
+        const double r = std::sqrt(rng.uniform()) * 40000.0;
+        const double x = CENTRE_X + r * std::cos(a);
+        const double y = CENTRE_Y + r * std::sin(a);
+        const double radius = 120.0 + 520.0 * std::pow(rng.uniform(), 2.0);
+        const double height = 18.0 + radius * rng.uniform(0.06, 0.14);
+        bool clear = true;
+        for (const auto& course : courses) {
+            clear = clear && course.distance(x, y, ICEBERG_CLEAR + radius) >= ICEBERG_CLEAR + radius;
+        }
+        for (const auto& f : flights) {
+            const core::Polyline track({{f.from.x, f.from.y}, {f.to.x, f.to.y}});
+            clear = clear && track.distance(x, y, ICEBERG_CLEAR + radius) >= ICEBERG_CLEAR + radius;
+        }
+        for (const auto& other : icebergs) {
+            clear = clear && std::hypot(x - other.x, y - other.y) > (radius + other.radius) * 3.0 + 800.0;
+        }
+        for (double k = 0.0; clear && k < 6.28; k += 0.785) {
+            clear = terrain.height(x + (radius + 600.0) * std::cos(k), y + (radius + 600.0) * std::sin(k)) < -40.0;
+        }
+        if (clear && terrain.height(x, y) < -40.0) {
+            icebergs.push_back({x, y, radius, height, static_cast<unsigned>(rng.next())});
+        }
     }
 }
 

@@ -81,6 +81,8 @@ public:
     static constexpr double LANE_CLEAR = 900.0;
     /// Land stays at least this far below every camera eye.
     static constexpr double EYE_CLEARANCE = 350.0;
+    /// Open water kept between an iceberg and a ship's course, or a camera eye's ground track.
+    static constexpr double ICEBERG_CLEAR = 1500.0;
 
     /// The sea's islands.
     std::vector<Island> islands;
@@ -92,6 +94,12 @@ public:
     std::vector<core::Polyline> courses;
     /// The nine camera paths.
     std::vector<Flight> flights;
+    /// Tabular icebergs adrift in open water: centre, radius, height of the top.
+    struct Iceberg {
+        double x, y, radius, height;
+        unsigned seed;
+    };
+    std::vector<Iceberg> icebergs;
 
     /// Direction towards the light that the land's faces are shaded by.
     core::Vec3d keyLight() const;
@@ -104,6 +112,7 @@ public:
 
 private:
     Geography();
+    void placeIcebergs();
 };
 
 } // namespace tools::assetgen::nivalis

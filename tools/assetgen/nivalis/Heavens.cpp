@@ -93,45 +93,54 @@ mesh::MeshData Heavens::stars() {
 mesh::MeshData Heavens::clouds() {
     mesh::MeshData out;
     core::Rng rng(0xC10D5ull);
-    constexpr int patches = 90;
-    constexpr int rim = 14;
-    for (int i = 0; i < patches; ++i) {
+    constexpr int clusters = 46;
+    constexpr int rim = 12;
+    for (int i = 0; i < clusters; ++i) {
         // Area-uniform over a ring about the origin, which the deck turns around.
         const double rMin = 7000.0;
-        const double rMax = 53000.0;
+        const double rMax = 52000.0;
         const double r = std::sqrt(rMin * rMin + (rMax * rMax - rMin * rMin) * rng.uniform());
         const double a = 2.0 * kPi * rng.uniform();
-        const Vec3d middle{r * std::cos(a), r * std::sin(a), Geography::CLOUD_BASE + rng.uniform(-700.0, 700.0)};
-        // Long thin streaks along the wind.
-        const double length = rng.uniform(6000.0, 17000.0);
-        const double width = length * rng.uniform(0.1, 0.26);
-        const double heading = rng.uniform(-0.3, 0.3) + 0.4; // radians: the wind's direction
-        const double thickness = rng.uniform(120.0, 380.0);
-        const double density = rng.uniform(0.65, 1.0);
-        const unsigned seed = static_cast<unsigned>(rng.next());
-        auto place = [&](double along, double across, double lift, double d) {
-            mesh::Vertex v;
-            v.position = middle + Vec3d{along * std::cos(heading) - across * std::sin(heading),
-                                        along * std::sin(heading) + across * std::cos(heading), lift};
-            v.u0 = d;
-            return out.add(v);
-        };
-        const std::uint32_t mid = place(0.0, 0.0, -thickness, density);
-        std::vector<std::uint32_t> ringIn, ringOut;
-        for (int k = 0; k < rim; ++k) {
-            const double t = 2.0 * kPi * k / rim;
-            const double ragged = 0.72 + 0.5 * (0.5 + 0.5 * core::Noise::gradient(std::cos(t) * 1.7, std::sin(t) * 1.7, seed));
-            const double ca = std::cos(t) * length * 0.5 * ragged;
-            const double cw = std::sin(t) * width * 0.5 * ragged;
-            ringIn.push_back(place(ca * 0.55, cw * 0.55, -thickness * 0.75, density * rng.uniform(0.65, 0.95)));
-            ringOut.push_back(place(ca, cw, 0.0, density * rng.uniform(0.2, 0.45)));
-        }
-        // Seen from below: counter-clockwise from underneath, so walk clockwise seen from above.
-        for (int k = 0; k < rim; ++k) {
-            const int k1 = (k + 1) % rim;
-            out.triangle(mid, ringIn[k1], ringIn[k]);
-            out.triangle(ringIn[k], ringIn[k1], ringOut[k1]);
-            out.triangle(ringIn[k], ringOut[k1], ringOut[k]);
+        const Vec3d centre{r * std::cos(a), r * std::sin(a), Geography::CLOUD_BASE + rng.uniform(-600.0, 600.0)};
+        const double heading = rng.uniform(-0.4, 0.4) + 0.4; // radians: the wind's direction
+        const double size = rng.uniform(2200.0, 4800.0);
+        const int lobes = 3 + rng.below(4);
+        // A few puffs in a row along the wind, each a shallow dome seen from below.
+        for (int l = 0; l < lobes; ++l) {
+            const double along = (l - (lobes - 1) * 0.5) * size * rng.uniform(0.7, 1.0);
+            const double across = rng.uniform(-0.35, 0.35) * size;
+            const double radius = size * rng.uniform(0.55, 0.95) * (l == 0 || l == lobes - 1 ? 0.75 : 1.0);
+            const double stretch = rng.uniform(1.2, 1.8);
+            const double depth = radius * rng.uniform(0.12, 0.2);
+            const Vec3d middle = centre + Vec3d{along * std::cos(heading) - across * std::sin(heading),
+                                                along * std::sin(heading) + across * std::cos(heading),
+                                                rng.uniform(-120.0, 120.0)};
+            const double density = rng.uniform(0.82, 1.0);
+            const unsigned seed = static_cast<unsigned>(rng.next());
+            auto place = [&](double u, double v, double lift, double d) {
+                mesh::Vertex vertex;
+                const double x = u * stretch;
+                vertex.position = middle + Vec3d{x * std::cos(heading) - v * std::sin(heading),
+                                                 x * std::sin(heading) + v * std::cos(heading), lift};
+                vertex.u0 = d;
+                return out.add(vertex);
+            };
+            const std::uint32_t mid = place(0.0, 0.0, -depth, density);
+            std::vector<std::uint32_t> inner, outer;
+            for (int k = 0; k < rim; ++k) {
+                const double t = 2.0 * kPi * k / rim;
+                const double lobe = 0.78 + 0.34 * (0.5 + 0.5 * core::Noise::gradient(std::cos(t) * 1.9, std::sin(t) * 1.9, seed));
+                inner.push_back(place(std::cos(t) * radius * 0.55 * lobe, std::sin(t) * radius * 0.55 * lobe, -depth * 0.7,
+                                      density * rng.uniform(0.8, 0.95)));
+                outer.push_back(place(std::cos(t) * radius * lobe, std::sin(t) * radius * lobe, 0.0, density * rng.uniform(0.5, 0.65)));
+            }
+            // Seen from below: counter-clockwise from underneath, so clockwise seen from above.
+            for (int k = 0; k < rim; ++k) {
+                const int k1 = (k + 1) % rim;
+                out.triangle(mid, inner[k1], inner[k]);
+                out.triangle(inner[k], inner[k1], outer[k1]);
+                out.triangle(inner[k], outer[k1], outer[k]);
+            }
         }
     }
     return out;

@@ -40,8 +40,8 @@ const Table& day() {
         {Palette::SEAL, {{122, 116, 112}, {90, 86, 88}}},
         {Palette::SEAL_BELLY, {{176, 166, 154}}},
         {Palette::SEAL_DARK, {{40, 38, 42}}},
-        {Palette::SUN_CORE, {{255, 253, 240}}},
-        {Palette::SUN_RIM, {{255, 246, 214}}},
+        {Palette::SUN_CORE, {{255, 255, 250}}},
+        {Palette::SUN_RIM, {{255, 238, 186}}},
     };
     return table;
 }

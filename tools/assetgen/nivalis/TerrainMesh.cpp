@@ -157,9 +157,15 @@ void scatter(const Terrain& terrain, int index, const Geography::Island& island,
 /// of level ground, so that gentle undulations break flat ice into facets.
 double paint(const Terrain& terrain, int index, const Geography::Island& island, const Vec3d& n, const Vec3d& c,
              double lowest, const Vec3d& light) {
-    const double lit = n.dot(light) + 0.05 * core::Noise::gradient(c.x / 600.0, c.y / 600.0, island.seed + 97u);
+    const double lit = n.dot(light);
     const double level = light.z;
-    const int shade = lit > level + 0.16 ? 0 : lit > level - 0.015 ? 1 : lit > level - 0.3 ? 2 : 3;
+    int shade = lit > level + 0.16 ? 0 : lit > level - 0.06 ? 1 : lit > level - 0.3 ? 2 : 3;
+    if (n.z > 0.97) {
+        // Level ice and snow: a mosaic of single facets, a third of them catching the light.
+        const std::uint32_t h = core::Noise::hash(static_cast<std::int32_t>(std::floor(c.x * 4.0)),
+                                                  static_cast<std::int32_t>(std::floor(c.y * 4.0)), island.seed + 97u);
+        shade = h % 100u < 34u ? 0 : 1;
+    }
     if (lowest < 4.0 && c.z < 12.0) {
         // The water line: wet dark rock under mountains, the foot of the ice elsewhere.
         return c.z > 0.0 && n.z < 0.5 && island.shelfHeight < 40.0 ? Palette::u(Palette::SHORE, shade >= 2 ? 1 : 0)
@@ -178,8 +184,35 @@ double paint(const Terrain& terrain, int index, const Geography::Island& island,
     return Palette::u(snow ? Palette::SNOW : Palette::ROCK, shade);
 }
 
+/// Tabular icebergs: an uneven flat top with sheer sides reaching under the water.
+void addIcebergs(const Geography& geography, mesh::MeshData& out) {
+    const Vec3d light = geography.keyLight();
+    mesh::Facets facets(out, [](const Vec3d&, const Vec3d&) { return 0.0; });
+    for (const auto& berg : geography.icebergs) {
+        constexpr int sides = 9;
+        std::vector<Vec3d> top, foot;
+        for (int k = 0; k < sides; ++k) {
+            const double a = 2.0 * kPi * k / sides;
+            const std::uint32_t h = core::Noise::hash(k, 0, berg.seed);
+            const double r = berg.radius * (0.72 + 0.4 * ((h & 0xFFFFu) / 65535.0));
+            const double lift = berg.height * (0.9 + 0.15 * ((h >> 16) / 65535.0));
+            top.push_back({berg.x + r * std::cos(a), berg.y + r * std::sin(a), lift});
+            foot.push_back({berg.x + r * 1.08 * std::cos(a), berg.y + r * 1.08 * std::sin(a), -40.0});
+        }
+        const Vec3d middle{berg.x, berg.y, berg.height};
+        for (int k = 0; k < sides; ++k) {
+            const int k1 = (k + 1) % sides;
+            facets.triangle(middle, top[k], top[k1], Palette::u(Palette::ICE, (k + berg.seed) % 3 == 0 ? 0 : 1));
+            const Vec3d n = mesh::Facets::normal(foot[k], foot[k1], top[k1]);
+            const double lit = n.dot(light);
+            facets.quad(foot[k], foot[k1], top[k1], top[k], Palette::u(Palette::ICE_CLIFF, lit > 0.35 ? 0 : lit > 0.1 ? 1 : 2));
+        }
+    }
+}
+
 mesh::MeshData buildWith(const Terrain& terrain, const Geography& geography, double factor) {
     mesh::MeshData out;
+    addIcebergs(geography, out);
     const Vec3d light = geography.keyLight();
     for (int index = 0; index < static_cast<int>(geography.islands.size()); ++index) {
         const auto& island = geography.islands[index];
