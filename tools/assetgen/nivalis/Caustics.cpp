@@ -16,8 +16,9 @@ void cellDistances(double x, double y, int cells, double& first, double& second)
     second = 1e9;
     const int cx = static_cast<int>(std::floor(x));
     const int cy = static_cast<int>(std::floor(y));
-    for (int j = -1; j <= 1; ++j) {
-        for (int i = -1; i <= 1; ++i) {
+    // Two cells each way: with the points jittered, the second nearest may lie that far.
+    for (int j = -2; j <= 2; ++j) {
+        for (int i = -2; i <= 2; ++i) {
             const int gx = cx + i;
             const int gy = cy + j;
             const int wx = ((gx % cells) + cells) % cells;

@@ -96,9 +96,10 @@ mesh::MeshData Heavens::clouds() {
     constexpr int clusters = 46;
     constexpr int rim = 12;
     for (int i = 0; i < clusters; ++i) {
-        // Area-uniform over a ring about the origin, which the deck turns around.
+        // Area-uniform over a ring about the origin, which the deck turns around; with its puffs
+        // a cluster reaches some 12000 further, and must stay inside the dome at every turn.
         const double rMin = 7000.0;
-        const double rMax = 52000.0;
+        const double rMax = 43000.0;
         const double r = std::sqrt(rMin * rMin + (rMax * rMax - rMin * rMin) * rng.uniform());
         const double a = 2.0 * kPi * rng.uniform();
         const Vec3d centre{r * std::cos(a), r * std::sin(a), Geography::CLOUD_BASE + rng.uniform(-600.0, 600.0)};
