@@ -20,7 +20,7 @@ TEST_F(RecordingFakeTest, UniformsMustFitTheirDeclarations) {
     const GLuint p = program("uniform mat4 uVertex1;\nuniform float uVertex2[4];\nuniform ivec2 uVertex3;\n");
     gl.useProgram(p);
     const float values[16] = {};
-    const GLint ints[2] = {};
+    const GLint ints[4] = {};
     gl.uniformFloats(gl.uniformLocation(p, "uVertex1"), 16, 1, values);
     gl.uniformFloats(gl.uniformLocation(p, "uVertex2"), 1, 9, values); // arrays take any count
     gl.uniformInts(gl.uniformLocation(p, "uVertex3"), 2, 1, ints);
