@@ -3,56 +3,27 @@
 // rewritten, the matrix walk over the tree). Beside it, as a floor, the bare matrix arithmetic
 // for the same draws without tree, casts, timers or uniform writes.
 //
-// Counters: allocs_per_frame (heap allocations, counted through a replaced operator new) and
+// Counters: allocs_per_frame (heap allocations, counted through the replaced operator new) and
 // ratio_to_floor (frame CPU time over the floor's, both measured in the same run).
 
 #include <benchmark/benchmark.h>
 
 #include <array>
-#include <atomic>
 #include <cstddef>
-#include <cstdlib>
-#include <ctime>
-#include <new>
 #include <vector>
 
+#include "bench/ThreadCpuTime.h"
 #include "engine/commands/DrawStaticMeshCommand.h"
 #include "engine/math/Matrix.h"
 #include "tests/engine/allocation/SyntheticScene.h"
+#include "tests/support/AllocationCounter.h"
 
 namespace {
 
-std::atomic<std::size_t> allocations{0};
-
-void* allocate(std::size_t size) {
-    allocations.fetch_add(1, std::memory_order_relaxed);
-    if (void* p = std::malloc(size == 0 ? 1 : size)) {
-        return p;
-    }
-    throw std::bad_alloc();
-}
-
-} // namespace
-
-void* operator new(std::size_t size) { return allocate(size); }
-void* operator new[](std::size_t size) { return allocate(size); }
-void operator delete(void* p) noexcept { std::free(p); }
-void operator delete[](void* p) noexcept { std::free(p); }
-void operator delete(void* p, std::size_t) noexcept { std::free(p); }
-void operator delete[](void* p, std::size_t) noexcept { std::free(p); }
-
-namespace {
-
+using bench::threadNanoseconds;
 using engine::math::Matrix;
 using engine::testing::SyntheticScene;
-
-// CPU time of this thread in nanoseconds: the ratio is taken on CPU time, so that other load on
-// the machine does not tilt it.
-double threadNanoseconds() {
-    timespec now{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) * 1e9 + static_cast<double>(now.tv_nsec);
-}
+using tests::support::allocationCount;
 
 constexpr double FRAME_MS = 1000.0 / 60.0;
 
@@ -142,7 +113,7 @@ void BM_SceneFrame(benchmark::State& state) {
     double now = 100000.0;
     warmUp(scene, now);
 
-    const std::size_t allocationsBefore = allocations.load(std::memory_order_relaxed);
+    const std::size_t allocationsBefore = allocationCount();
     const double start = threadNanoseconds();
     for (auto _ : state) {
         scene.updateTimers(now);
@@ -152,7 +123,7 @@ void BM_SceneFrame(benchmark::State& state) {
     }
     const double elapsed = threadNanoseconds() - start;
     const auto frames = static_cast<double>(state.iterations());
-    const std::size_t allocated = allocations.load(std::memory_order_relaxed) - allocationsBefore;
+    const std::size_t allocated = allocationCount() - allocationsBefore;
 
     state.counters["allocs_per_frame"] = static_cast<double>(allocated) / frames;
     if (floorNanoseconds > 0.0) {

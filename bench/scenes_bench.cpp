@@ -1,6 +1,6 @@
 // One frame of each scene (timers, camera, settings, animation, matrix walk), in nanoseconds per
 // frame, beside a floor of the same number of bare model-view-projection computations, and the
-// heap allocations per frame counted by a replaced operator new (zero is expected after the first
+// heap allocations per frame counted by the replaced operator new (zero is expected after the first
 // frame).
 //
 // Counters of each scene benchmark:
@@ -12,16 +12,12 @@
 //   allocs/frame heap allocations per frame
 
 #include <benchmark/benchmark.h>
-#include <time.h>
 
-#include <array>
-#include <atomic>
 #include <cstddef>
-#include <cstdlib>
 #include <memory>
-#include <new>
 #include <vector>
 
+#include "bench/ThreadCpuTime.h"
 #include "engine/Scene.h"
 #include "engine/commands/DrawTransformedMeshCommand.h"
 #include "engine/commands/GroupCommand.h"
@@ -30,39 +26,14 @@
 #include "scenes/example/ExampleScene.h"
 #include "scenes/nivalis/NivalisScene.h"
 #include "scenes/spirelight/SpirelightScene.h"
+#include "tests/support/AllocationCounter.h"
 
 namespace {
 
-std::atomic<std::size_t> allocations{0};
-
-void* allocate(std::size_t size) {
-    allocations.fetch_add(1, std::memory_order_relaxed);
-    if (void* p = std::malloc(size == 0 ? 1 : size)) {
-        return p;
-    }
-    throw std::bad_alloc();
-}
-
-} // namespace
-
-void* operator new(std::size_t size) { return allocate(size); }
-void* operator new[](std::size_t size) { return allocate(size); }
-void operator delete(void* p) noexcept { std::free(p); }
-void operator delete[](void* p) noexcept { std::free(p); }
-void operator delete(void* p, std::size_t) noexcept { std::free(p); }
-void operator delete[](void* p, std::size_t) noexcept { std::free(p); }
-
-namespace {
+using bench::threadNanoseconds;
+using tests::support::allocationCount;
 
 constexpr double kFrame = 1000.0 / 60.0;
-
-/// CPU time of this thread in nanoseconds: frame and floor are compared on it, so that other
-/// processes on a busy machine do not bend the ratio.
-double threadNanoseconds() {
-    timespec now{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) * 1e9 + static_cast<double>(now.tv_nsec);
-}
 
 /// Transformed and static draws below enabled nodes: the matrices one walk computes.
 int matrixDraws(const engine::Scene::CommandList& commands) {
@@ -134,14 +105,14 @@ template <typename SceneT> void sceneFrame(benchmark::State& state, int extraDra
     scene.updateTimers(time += kFrame);
     const int draws = matrixDraws(scene.commands) + extraDraws;
 
-    const std::size_t allocationsBefore = allocations.load();
+    const std::size_t allocationsBefore = allocationCount();
     const double start = threadNanoseconds();
     for (auto _ : state) {
         scene.updateTimers(time += kFrame);
         benchmark::ClobberMemory();
     }
     const double elapsed = threadNanoseconds() - start;
-    const std::size_t allocated = allocations.load() - allocationsBefore;
+    const std::size_t allocated = allocationCount() - allocationsBefore;
 
     const double frames = static_cast<double>(state.iterations());
     const double frameNs = elapsed / frames;

@@ -1,82 +1,29 @@
-// Counts every heap allocation of the process by replacing the global operator new, and checks
-// that a scene's frame (timers, camera, animate, matrix walk) makes none once the first frame
-// has run.
+// Counts every heap allocation of the process through the replaced global operator new, and
+// checks that a scene's frame (timers, camera, animate, matrix walk) makes none once the first
+// frame has run.
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <cstddef>
-#include <cstdlib>
 #include <new>
 
 #include "tests/engine/allocation/SyntheticScene.h"
-
-namespace {
-
-std::atomic<std::size_t> allocations{0};
-
-void* allocate(std::size_t size) {
-    allocations.fetch_add(1, std::memory_order_relaxed);
-    if (void* p = std::malloc(size == 0 ? 1 : size)) {
-        return p;
-    }
-    throw std::bad_alloc();
-}
-
-void* allocateAligned(std::size_t size, std::align_val_t alignment) {
-    allocations.fetch_add(1, std::memory_order_relaxed);
-    const auto align = static_cast<std::size_t>(alignment);
-    const std::size_t rounded = (size + align - 1) / align * align;
-    if (void* p = std::aligned_alloc(align, rounded == 0 ? align : rounded)) {
-        return p;
-    }
-    throw std::bad_alloc();
-}
-
-} // namespace
-
-void* operator new(std::size_t size) { return allocate(size); }
-void* operator new[](std::size_t size) { return allocate(size); }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    try {
-        return allocate(size);
-    } catch (...) {
-        return nullptr;
-    }
-}
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-    try {
-        return allocate(size);
-    } catch (...) {
-        return nullptr;
-    }
-}
-void* operator new(std::size_t size, std::align_val_t alignment) { return allocateAligned(size, alignment); }
-void* operator new[](std::size_t size, std::align_val_t alignment) { return allocateAligned(size, alignment); }
-void operator delete(void* p) noexcept { std::free(p); }
-void operator delete[](void* p) noexcept { std::free(p); }
-void operator delete(void* p, std::size_t) noexcept { std::free(p); }
-void operator delete[](void* p, std::size_t) noexcept { std::free(p); }
-void operator delete(void* p, std::align_val_t) noexcept { std::free(p); }
-void operator delete[](void* p, std::align_val_t) noexcept { std::free(p); }
-void operator delete(void* p, std::size_t, std::align_val_t) noexcept { std::free(p); }
-void operator delete[](void* p, std::size_t, std::align_val_t) noexcept { std::free(p); }
+#include "tests/support/AllocationCounter.h"
 
 namespace {
 
 using engine::testing::SyntheticScene;
+using tests::support::allocationCount;
 
 constexpr double FRAME_MS = 1000.0 / 60.0;
 // The host's clock is not 0 at the first frame.
 constexpr double START_MS = 123456.0;
 
-std::size_t allocationsSoFar() { return allocations.load(std::memory_order_relaxed); }
-
 TEST(FrameAllocationTest, CounterSeesAllocations) {
-    const std::size_t before = allocationsSoFar();
+    const std::size_t before = allocationCount();
     void* volatile block = ::operator new(64);
     ::operator delete(block);
-    EXPECT_EQ(allocationsSoFar() - before, 1u);
+    EXPECT_EQ(allocationCount() - before, 1u);
 }
 
 TEST(FrameAllocationTest, FramesAfterTheFirstAllocateNothing) {
@@ -89,7 +36,7 @@ TEST(FrameAllocationTest, FramesAfterTheFirstAllocateNothing) {
 
     // One minute at 60 frames a second: every path is ridden to its end and turned back at
     // least once, and groups and textures are toggled many times.
-    const std::size_t before = allocationsSoFar();
+    const std::size_t before = allocationCount();
     for (int frame = 1; frame < 3600; ++frame) {
         now += FRAME_MS;
         if (frame == 600) {
@@ -100,7 +47,7 @@ TEST(FrameAllocationTest, FramesAfterTheFirstAllocateNothing) {
         }
         scene.updateTimers(now);
     }
-    const std::size_t during = allocationsSoFar() - before;
+    const std::size_t during = allocationCount() - before;
     EXPECT_EQ(during, 0u);
     EXPECT_EQ(scene.frames, 3600);
 }
@@ -112,7 +59,7 @@ TEST(FrameAllocationTest, CameraChangesBetweenFramesAllocateNothing) {
     now += FRAME_MS;
     scene.updateTimers(now);
 
-    const std::size_t before = allocationsSoFar();
+    const std::size_t before = allocationCount();
     for (int frame = 0; frame < 1200; ++frame) {
         if (frame % 300 == 0) {
             scene.cameraAnimator.nextCamera();
@@ -126,7 +73,7 @@ TEST(FrameAllocationTest, CameraChangesBetweenFramesAllocateNothing) {
         now += FRAME_MS;
         scene.updateTimers(now);
     }
-    EXPECT_EQ(allocationsSoFar() - before, 0u);
+    EXPECT_EQ(allocationCount() - before, 0u);
 }
 
 TEST(FrameAllocationTest, FrameReallyDoesTheWork) {

@@ -1,6 +1,6 @@
 #include "engine/camera/CameraPathAnimator.h"
 #include "engine/camera/Spline3D.h"
-#include "tests/engine/camera/AllocationCounter.h"
+#include "tests/support/AllocationCounter.h"
 
 #include <gtest/gtest.h>
 
@@ -26,7 +26,7 @@ TEST(FrameAllocationTest, CameraFramesAndRequestsAllocateNothing) {
     double now = 1000.0;
     animator.animate(now);
 
-    const std::size_t before = testing_support::allocationCount();
+    const std::size_t before = tests::support::allocationCount();
     for (int frame = 1; frame < 30 * 120; ++frame) {
         now += 1000.0 / 30.0;
         animator.animate(now);
@@ -40,20 +40,20 @@ TEST(FrameAllocationTest, CameraFramesAndRequestsAllocateNothing) {
             animator.setMinDurationCoefficient(frame % 1000 == 0 ? 1.0f : 1.5f);
         }
     }
-    EXPECT_EQ(testing_support::allocationCount(), before);
+    EXPECT_EQ(tests::support::allocationCount(), before);
 }
 
 TEST(FrameAllocationTest, SplineQueriesAllocateNothing) {
     std::vector<double> x{0, 1, 2, 3, 4, 5, 6, 7}, y{0, 2, 1, 3, 2, 4, 3, 5}, z(8, 1.0);
     engine::camera::Spline3D spline(x, y, z);
-    const std::size_t before = testing_support::allocationCount();
+    const std::size_t before = tests::support::allocationCount();
     float sum = 0.0f;
     for (int i = 0; i <= 1000; ++i) {
         sum += spline.getCurrentPoint(i / 1000.0).x;
         sum += spline.getRotation(i / 1000.0).z;
         sum += spline.getRotationLegacy(i / 1000.0).y;
     }
-    EXPECT_EQ(testing_support::allocationCount(), before);
+    EXPECT_EQ(tests::support::allocationCount(), before);
     EXPECT_TRUE(std::isfinite(sum));
 }
 

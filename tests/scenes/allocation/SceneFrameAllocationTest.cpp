@@ -1,45 +1,22 @@
-// Counts every heap allocation of the process by replacing the global operator new, and checks
-// that after their first frame the four scenes run frames, camera cuts and flights, room changes
-// and setting changes without allocating.
+// Counts every heap allocation of the process through the replaced global operator new, and
+// checks that after their first frame the four scenes run frames, camera cuts and flights, room
+// changes and setting changes without allocating.
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <cstddef>
-#include <cstdlib>
 #include <functional>
-#include <new>
 
 #include "engine/math/Random.h"
 #include "scenes/betonia/BetoniaScene.h"
 #include "scenes/example/ExampleScene.h"
 #include "scenes/nivalis/NivalisScene.h"
 #include "scenes/spirelight/SpirelightScene.h"
+#include "tests/support/AllocationCounter.h"
 
 namespace {
 
-std::atomic<std::size_t> allocations{0};
-
-void* allocate(std::size_t size) {
-    allocations.fetch_add(1, std::memory_order_relaxed);
-    if (void* p = std::malloc(size == 0 ? 1 : size)) {
-        return p;
-    }
-    throw std::bad_alloc();
-}
-
-} // namespace
-
-void* operator new(std::size_t size) { return allocate(size); }
-void* operator new[](std::size_t size) { return allocate(size); }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return std::malloc(size == 0 ? 1 : size); }
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return std::malloc(size == 0 ? 1 : size); }
-void operator delete(void* p) noexcept { std::free(p); }
-void operator delete[](void* p) noexcept { std::free(p); }
-void operator delete(void* p, std::size_t) noexcept { std::free(p); }
-void operator delete[](void* p, std::size_t) noexcept { std::free(p); }
-
-namespace {
+using tests::support::allocationCount;
 
 constexpr double kFrame = 1000.0 / 30.0;
 
@@ -51,18 +28,18 @@ std::size_t allocationsAfterFirstFrame(SceneT& scene, int frames, const std::fun
     scene.updateViewportSize(1920, 1080);
     scene.updateTimers(time);
     scene.updateTimers(time += kFrame);
-    const std::size_t before = allocations.load();
+    const std::size_t before = allocationCount();
     for (int frame = 0; frame < frames; ++frame) {
         between(frame);
         scene.updateTimers(time += kFrame);
     }
-    return allocations.load() - before;
+    return allocationCount() - before;
 }
 
 TEST(SceneFrameAllocation, CounterSeesTheAllocationsOfBuildingAScene) {
-    const std::size_t before = allocations.load();
+    const std::size_t before = allocationCount();
     scenes::nivalis::NivalisScene scene;
-    EXPECT_GT(allocations.load() - before, 100u);
+    EXPECT_GT(allocationCount() - before, 100u);
 }
 
 TEST(SceneFrameAllocation, NivalisAllocatesNothingAfterItsFirstFrame) {
