@@ -8,6 +8,7 @@
 #include <map>
 #include <stdexcept>
 
+#include "engine/commands/MainPassCommand.h"
 #include "scenes/betonia/BetoniaScene.h"
 #include "scenes/example/ExampleScene.h"
 #include "scenes/nivalis/NivalisScene.h"
@@ -185,7 +186,11 @@ std::shared_ptr<engine::Scene> SceneSetup::create(const std::string& name) {
         return std::make_shared<scenes::betonia::BetoniaScene>();
     }
     if (name == "example") {
-        return std::make_shared<scenes::example::ExampleScene>();
+        auto scene = std::make_shared<scenes::example::ExampleScene>();
+        // The sample's tree draws straight into whatever pass stands open and opens none of its
+        // own; shown on its own, it is hung under one main pass, as a host that embeds it would.
+        scene->commands = {std::make_shared<engine::commands::MainPassCommand>(true, scene->commands)};
+        return scene;
     }
     throw std::invalid_argument("Unknown scene '" + name + "' (nivalis, betonia, example)");
 }
