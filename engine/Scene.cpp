@@ -70,6 +70,14 @@ void Scene::updateViewportSize(std::int32_t width, std::int32_t height) {
     viewportHeight = height;
 }
 
+void Scene::lookAt(const math::Vec3& eye, const math::Vec3& target) {
+    if (useExternalViewMatrix) {
+        return;
+    }
+    math::Matrix::setLookAtM(matView, 0, eye.x, eye.y, eye.z, target.x, target.y, target.z, 0.0f, 0.0f,
+                             1.0f);
+}
+
 void Scene::calculateMVPMatrix(float tx, float ty, float tz, float rx, float ry, float rz, float sx, float sy,
                                float sz) {
     Matrix::setIdentityM(matModel, 0);

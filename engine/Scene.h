@@ -12,6 +12,7 @@
 #include "engine/Texture.h"
 #include "engine/commands/Command.h"
 #include "engine/commands/UniformValue.h"
+#include "engine/math/Vec3.h"
 
 namespace engine {
 
@@ -110,6 +111,10 @@ public:
     virtual void updateTimers(double time);
     /// Stores the drawable size; the projection follows on the next frame.
     virtual void updateViewportSize(std::int32_t width, std::int32_t height);
+
+    /// Points `matView` from `eye` at `target` with +Z as up, the view every scene's camera gives;
+    /// leaves it alone while `useExternalViewMatrix` is set.
+    void lookAt(const math::Vec3& eye, const math::Vec3& target);
 
     /// Sets `matModel` to translate * rotateX * rotateY * rotateZ * scale (rotations in degrees)
     /// and `matMVP` to matProjection * matView * matModel.

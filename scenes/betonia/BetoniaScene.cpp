@@ -13,12 +13,12 @@
 #include "engine/commands/UniformFloatValue.h"
 #include "engine/commands/UniformTextureValue.h"
 #include "engine/commands/VrsHint.h"
-#include "engine/math/Matrix.h"
 #include "engine/math/Random.h"
 #include "scenes/betonia/Cameras.h"
 #include "scenes/betonia/Meshes.h"
 #include "scenes/betonia/Shaders.h"
 #include "scenes/betonia/Textures.h"
+#include "scenes/common/DrawBlurredResult.h"
 
 namespace scenes::betonia {
 
@@ -150,10 +150,7 @@ void BetoniaScene::buildTree() {
     blurredMain = blurredPass("blurred-main", true, 2, 200, 0.93f, BlurSize::KERNEL_3);
     blurredMain->commands = {clearGroup, room1, room2, vignette};
     // Like the glow, the blurred picture is read from result 0.
-    drawBlurred = std::make_shared<engine::commands::DrawBlurredCommand>();
-    drawBlurred->name = "draw blurred";
-    drawBlurred->id = 0;
-    drawBlurred->blending = engine::BLENDING_NONE;
+    drawBlurred = common::drawBlurredResult();
     auto blurredMainPass = std::make_shared<engine::commands::MainPassCommand>(
         true, std::vector<std::shared_ptr<Command>>{clearGroup, drawBlurred});
     blurredGroup = namedGroup("blurredGroup", {blurredMain, blurredMainPass});
@@ -178,12 +175,8 @@ void BetoniaScene::updateViewportSize(std::int32_t width, std::int32_t height) {
 void BetoniaScene::animate() {
     applySettings();
     calculateProjection(1.0f, viewportWidth, viewportHeight);
-    if (!useExternalViewMatrix) {
-        const auto& eye = cameraAnimator.positionInterpolator.cameraPosition;
-        const auto& target = cameraAnimator.positionInterpolator.cameraRotation;
-        engine::math::Matrix::setLookAtM(matView, 0, eye.x, eye.y, eye.z, target.x, target.y, target.z, 0.0f, 0.0f,
-                                         1.0f);
-    }
+    lookAt(cameraAnimator.positionInterpolator.cameraPosition,
+           cameraAnimator.positionInterpolator.cameraRotation);
     updateMeshTransformations(commands);
 }
 

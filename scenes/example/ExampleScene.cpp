@@ -16,7 +16,6 @@
 #include "engine/commands/UniformFloatValue.h"
 #include "engine/commands/UniformIntValue.h"
 #include "engine/commands/UniformTextureValue.h"
-#include "engine/math/Matrix.h"
 #include "scenes/example/Cameras.h"
 #include "scenes/example/Meshes.h"
 #include "scenes/example/Shaders.h"
@@ -184,12 +183,8 @@ void ExampleScene::updateViewportSize(std::int32_t width, std::int32_t height) {
 
 void ExampleScene::animate() {
     calculateProjection(1.0f, viewportWidth, viewportHeight);
-    if (!useExternalViewMatrix) {
-        const auto& eye = cameraAnimator.positionInterpolator.cameraPosition;
-        const auto& target = cameraAnimator.positionInterpolator.cameraRotation;
-        engine::math::Matrix::setLookAtM(matView, 0, eye.x, eye.y, eye.z, target.x, target.y, target.z, 0.0f, 0.0f,
-                                         1.0f);
-    }
+    lookAt(cameraAnimator.positionInterpolator.cameraPosition,
+           cameraAnimator.positionInterpolator.cameraRotation);
     updateMeshTransformations(commands);
 
     calculateMVPMatrix(0.0f, 0.0f, 0.0f, 0.0f, 0.0f, 0.0f, 8.0f, 8.0f, 8.0f);

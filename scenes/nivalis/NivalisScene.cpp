@@ -12,8 +12,8 @@
 #include "engine/commands/UniformFloatValue.h"
 #include "engine/commands/UniformIntValue.h"
 #include "engine/commands/VrsHint.h"
-#include "engine/math/Matrix.h"
 #include "engine/math/Random.h"
+#include "scenes/common/DrawBlurredResult.h"
 #include "scenes/nivalis/Animations.h"
 #include "scenes/nivalis/Cameras.h"
 #include "scenes/nivalis/Colors.h"
@@ -297,10 +297,7 @@ void NivalisScene::buildTree() {
                              groupSun,       groupMountains, water,              commandStars,
                              commandClouds,  sky,          vignette};
 
-    drawBlurred = std::make_shared<engine::commands::DrawBlurredCommand>();
-    drawBlurred->name = "draw blurred";
-    drawBlurred->id = 0;
-    drawBlurred->blending = engine::BLENDING_NONE;
+    drawBlurred = common::drawBlurredResult();
     auto blurredMainPass =
         std::make_shared<MainPassCommand>(true, std::vector<std::shared_ptr<Command>>{clearGroup, drawBlurred});
     blurredTree =
@@ -365,12 +362,8 @@ void NivalisScene::setAnimationUniforms(const engine::animation::TextureAnimatio
 void NivalisScene::animate() {
     applySettings();
     calculateProjection(1.0f, viewportWidth, viewportHeight);
-    if (!useExternalViewMatrix) {
-        const Vec3& eye = cameraAnimator.positionInterpolator.cameraPosition;
-        const Vec3& target = cameraAnimator.positionInterpolator.cameraRotation;
-        engine::math::Matrix::setLookAtM(matView, 0, eye.x, eye.y, eye.z, target.x, target.y, target.z, 0.0f, 0.0f,
-                                         1.0f);
-    }
+    lookAt(cameraAnimator.positionInterpolator.cameraPosition,
+           cameraAnimator.positionInterpolator.cameraRotation);
 
     const std::size_t ordinal = static_cast<std::size_t>(settings.timeOfDay);
     const SceneColors& c = Colors::shared().COLORS.at(ordinal);

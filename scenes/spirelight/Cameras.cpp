@@ -1,20 +1,10 @@
 #include "scenes/spirelight/Cameras.h"
 
+#include "scenes/common/CameraPath.h"
+
 namespace scenes::spirelight {
 
-namespace {
-
-using engine::camera::CameraPosition;
-using engine::camera::CameraPositionPair;
-using engine::math::Vec3;
-
-std::shared_ptr<CameraPositionPair> path(const Vec3& startEye, const Vec3& startTarget, const Vec3& endEye,
-                                         const Vec3& endTarget) {
-    return std::make_shared<CameraPositionPair>(CameraPosition(startEye, startTarget),
-                                                CameraPosition(endEye, endTarget), 1.0f);
-}
-
-} // namespace
+using common::path;
 
 Cameras::Cameras() {
     CAMERAS = {

@@ -11,8 +11,8 @@
 #include "engine/commands/MainPassCommand.h"
 #include "engine/commands/UniformTextureValue.h"
 #include "engine/commands/VrsHint.h"
-#include "engine/math/Matrix.h"
 #include "engine/math/Random.h"
+#include "scenes/common/DrawBlurredResult.h"
 #include "scenes/spirelight/Cameras.h"
 #include "scenes/spirelight/Meshes.h"
 #include "scenes/spirelight/Shaders.h"
@@ -250,10 +250,7 @@ void SpirelightScene::buildTree() {
     blurredPass->additionalBlur = false;
     blurredPass->commands = {clearBloomGroup, commandBuildings, distant, distantTurned, islands,
                              water,           sky,              neon,    vignette};
-    drawBlurred = std::make_shared<engine::commands::DrawBlurredCommand>();
-    drawBlurred->name = "draw blurred";
-    drawBlurred->id = 0;
-    drawBlurred->blending = engine::BLENDING_NONE;
+    drawBlurred = common::drawBlurredResult();
     auto blurredMainPass =
         std::make_shared<MainPassCommand>(true, std::vector<std::shared_ptr<Command>>{clearGroup, drawBlurred});
     blurredTree =
@@ -298,11 +295,7 @@ void SpirelightScene::animate() {
     applySettings();
     calculateProjection(1.0f, viewportWidth, viewportHeight);
     const Vec3& eye = cameraAnimator.positionInterpolator.cameraPosition;
-    if (!useExternalViewMatrix) {
-        const Vec3& target = cameraAnimator.positionInterpolator.cameraRotation;
-        engine::math::Matrix::setLookAtM(matView, 0, eye.x, eye.y, eye.z, target.x, target.y, target.z, 0.0f, 0.0f,
-                                         1.0f);
-    }
+    lookAt(eye, cameraAnimator.positionInterpolator.cameraRotation);
     updatePlanes();
     updateMeshTransformations(commands);
     engine::setUniform(commandBuildings->uniforms[4], eye);
