@@ -85,14 +85,22 @@ void BetoniaScene::buildTree() {
     const Meshes& m = Meshes::shared();
     const Textures& t = Textures::shared();
 
-    const auto state = std::make_shared<DrawMeshState>(
-        Shaders::shared().shaderDiffuse, engine::BLENDING_NONE, engine::DEPTH_TEST_ENABLED, engine::CullFace::BACK,
-        std::make_shared<engine::VertexAttributesDescriptor>(
-            std::vector{VertexAttribute(AttributeType::VERTEX, 0, VertexFormat::HALF3, 0),
-                        VertexAttribute(AttributeType::UV0, 1, VertexFormat::HALF2, 6)},
-            12));
-    const auto draw = [&state](const std::shared_ptr<engine::Mesh>& mesh, const std::shared_ptr<engine::Texture>& texture,
-                               const std::shared_ptr<HintList>& hints) {
+    const auto diffuseState = [] {
+        return std::make_shared<DrawMeshState>(
+            Shaders::shared().shaderDiffuse, engine::BLENDING_NONE, engine::DEPTH_TEST_ENABLED, engine::CullFace::BACK,
+            std::make_shared<engine::VertexAttributesDescriptor>(
+                std::vector{VertexAttribute(AttributeType::VERTEX, 0, VertexFormat::HALF3, 0),
+                            VertexAttribute(AttributeType::UV0, 1, VertexFormat::HALF2, 6)},
+                12));
+    };
+    // The glow passes draw the same meshes with equal settings, but through a state object of
+    // their own: the renderer skips the state of a draw whose state object is the one it drew
+    // last, also across passes, so the main pass's first room draw must not share the object
+    // that the glow pass drew last, or it would run with the blur's pipeline.
+    const auto roomState = diffuseState();
+    const auto glowState = diffuseState();
+    const auto draw = [](const std::shared_ptr<DrawMeshState>& state, const std::shared_ptr<engine::Mesh>& mesh,
+                         const std::shared_ptr<engine::Texture>& texture, const std::shared_ptr<HintList>& hints) {
         auto command = std::make_shared<DrawTransformedMeshCommand>(
             mesh,
             std::vector<std::shared_ptr<engine::commands::UniformValue>>{
@@ -111,15 +119,15 @@ void BetoniaScene::buildTree() {
     clearGroup = std::make_shared<GroupCommand>(
         true, std::vector<std::shared_ptr<Command>>{clearColor, std::make_shared<engine::commands::ClearCommand>()});
 
-    room1 = namedGroup("room1", {draw(m.meshRoom1, t.texRoom1, sharedHints)});
+    room1 = namedGroup("room1", {draw(roomState, m.meshRoom1, t.texRoom1, sharedHints)});
     room1->enabled = false;
-    room2 = namedGroup("room2", {draw(m.meshRoom2Part0, t.texRoom20, sharedHints),
-                                 draw(m.meshRoom2Part1, t.texRoom21, coarseHints()),
-                                 draw(m.meshRoom2Part2, t.texRoom22, coarseHints())});
-    room1Blurred = namedGroup("room1-blurred", {draw(m.meshRoom1, t.texRoom21, coarseHints())});
-    room2Blurred = namedGroup("room2-blurred", {draw(m.meshRoom2Part0, t.texRoom21, coarseHints()),
-                                                draw(m.meshRoom2Part1, t.texRoom21, coarseHints()),
-                                                draw(m.meshRoom2Part2, t.texRoom22, coarseHints())});
+    room2 = namedGroup("room2", {draw(roomState, m.meshRoom2Part0, t.texRoom20, sharedHints),
+                                 draw(roomState, m.meshRoom2Part1, t.texRoom21, coarseHints()),
+                                 draw(roomState, m.meshRoom2Part2, t.texRoom22, coarseHints())});
+    room1Blurred = namedGroup("room1-blurred", {draw(glowState, m.meshRoom1, t.texRoom21, coarseHints())});
+    room2Blurred = namedGroup("room2-blurred", {draw(glowState, m.meshRoom2Part0, t.texRoom21, coarseHints()),
+                                                draw(glowState, m.meshRoom2Part1, t.texRoom21, coarseHints()),
+                                                draw(glowState, m.meshRoom2Part2, t.texRoom22, coarseHints())});
 
     bloom1 = blurredPass("bloom1", false, 0, 170, 1.0f, BlurSize::KERNEL_5);
     bloom1->commands = {clearGroup, room1Blurred};

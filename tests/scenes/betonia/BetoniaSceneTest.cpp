@@ -150,7 +150,7 @@ TEST_F(Betonia, RoomsDrawTheirPartsWithTheirTexturesAndHints) {
         std::shared_ptr<engine::Texture> texture;
         bool sharedHint;
     };
-    const auto check = [&](const CommandPtr& group, std::vector<Expected> expected) {
+    const auto check = [&](const CommandPtr& group, std::vector<Expected> expected, bool glow) {
         ASSERT_EQ(children(group).size(), expected.size()) << group->name;
         for (std::size_t i = 0; i < expected.size(); ++i) {
             auto draw = as<DrawTransformedMeshCommand>(children(group)[i]);
@@ -161,7 +161,13 @@ TEST_F(Betonia, RoomsDrawTheirPartsWithTheirTexturesAndHints) {
             EXPECT_EQ(draw->indexUniformMvp, 0);
             EXPECT_EQ(draw->indexUniformModel, -1);
             EXPECT_EQ(draw->transform, engine::commands::AffineTranformation());
-            EXPECT_EQ(draw->state, drawIn(room2(), 0)->state);
+            // The glow passes have a state object of their own, equal in content: the main pass
+            // must not start with the object the glow pass ended with.
+            const auto& sameState = glow ? drawIn(bloom2()->commands[1], 0)->state : drawIn(room2(), 0)->state;
+            EXPECT_EQ(draw->state, sameState);
+            EXPECT_EQ(glow, draw->state != drawIn(room2(), 0)->state);
+            EXPECT_EQ(draw->state->depthMode, engine::DEPTH_TEST_ENABLED);
+            EXPECT_EQ(draw->state->culling, engine::CullFace::BACK);
             if (expected[i].sharedHint) {
                 EXPECT_EQ(draw->hints, drawIn(room1(), 0)->hints) << group->name << " " << i;
                 EXPECT_EQ(onlyRate(*draw->hints), ShadingRate::SHADING_RATE_1X1);
@@ -171,14 +177,16 @@ TEST_F(Betonia, RoomsDrawTheirPartsWithTheirTexturesAndHints) {
             }
         }
     };
-    check(room1(), {{m.meshRoom1, t.texRoom1, true}});
+    check(room1(), {{m.meshRoom1, t.texRoom1, true}}, false);
     check(room2(), {{m.meshRoom2Part0, t.texRoom20, true},
                     {m.meshRoom2Part1, t.texRoom21, false},
-                    {m.meshRoom2Part2, t.texRoom22, false}});
-    check(bloom1()->commands[1], {{m.meshRoom1, t.texRoom21, false}});
+                    {m.meshRoom2Part2, t.texRoom22, false}},
+          false);
+    check(bloom1()->commands[1], {{m.meshRoom1, t.texRoom21, false}}, true);
     check(bloom2()->commands[1], {{m.meshRoom2Part0, t.texRoom21, false},
                                   {m.meshRoom2Part1, t.texRoom21, false},
-                                  {m.meshRoom2Part2, t.texRoom22, false}});
+                                  {m.meshRoom2Part2, t.texRoom22, false}},
+          true);
 
     const auto& state = *drawIn(room1(), 0)->state;
     EXPECT_EQ(state.shader, Shaders::shared().shaderDiffuse);
