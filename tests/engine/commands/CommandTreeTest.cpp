@@ -78,54 +78,6 @@ TEST(CommandTypeTest, EachClassReportsItsType) {
     EXPECT_EQ(asBase->type(), CommandType::MAIN_PASS);
 }
 
-TEST(CommandTypeTest, ValuesEqualOrdinalsAndNamesAreExact) {
-    const std::vector<std::string> names{"NOOP",         "GROUP",        "CLEAR_COLOR", "CLEAR",
-                                         "VIGNETTE",     "DRAW_MESH",    "BLURRED_PASS", "DRAW_BLURRED",
-                                         "RENDER_PASS",  "MAIN_PASS",    "CUSTOM"};
-    for (int i = 0; i < static_cast<int>(names.size()); ++i) {
-        EXPECT_EQ(toString(static_cast<CommandType>(i)), names[i]);
-        EXPECT_EQ(value(static_cast<CommandType>(i)), i);
-    }
-    EXPECT_EQ(value(CommandType::MAIN_PASS), 9);
-    EXPECT_EQ(toString(BlurSize::KERNEL_5), "KERNEL_5");
-    EXPECT_EQ(static_cast<int>(BlurSize::KERNEL_2), 3);
-    EXPECT_EQ(toString(ClearCommandClearType::COLOR_AND_DEPTH), "COLOR_AND_DEPTH");
-    EXPECT_EQ(static_cast<int>(ClearCommandClearType::DEPTH), 1);
-    EXPECT_EQ(toString(PrimitiveType::TRIANGLE_STRIP), "TRIANGLE_STRIP");
-    EXPECT_EQ(static_cast<int>(PrimitiveType::POINTS), 2);
-}
-
-TEST(CommandDefaultsTest, NewBlurredPass) {
-    const BlurredPassCommand pass;
-    EXPECT_TRUE(pass.enabled);
-    EXPECT_EQ(pass.name, "");
-    EXPECT_TRUE(pass.commands.empty());
-    EXPECT_EQ(pass.blurSize, BlurSize::KERNEL_4);
-    EXPECT_EQ(pass.minSize, 200);
-    EXPECT_EQ(pass.brightness, 1.0f);
-    EXPECT_EQ(pass.id, 0);
-    EXPECT_FALSE(pass.additionalBlur);
-    EXPECT_EQ(pass.type(), CommandType::BLURRED_PASS);
-}
-
-TEST(CommandDefaultsTest, ColoursClearsAndBlurredDraws) {
-    const VignetteCommand vignette;
-    EXPECT_EQ(vignette.color0, Vec4(0, 0, 0, 1));
-    EXPECT_EQ(vignette.color1, Vec4(0, 0, 0, 1));
-
-    const ClearColorCommand clearColor;
-    EXPECT_EQ(clearColor.color, Vec4(0, 0, 0, 0));
-    EXPECT_EQ(ClearCommand().clearType, ClearCommandClearType::COLOR_AND_DEPTH);
-
-    const DrawBlurredCommand drawBlurred;
-    EXPECT_EQ(drawBlurred.blending, engine::BLENDING_NONE);
-    EXPECT_EQ(drawBlurred.id, 0);
-
-    const NoopCommand noop;
-    EXPECT_TRUE(noop.enabled);
-    EXPECT_EQ(noop.name, "");
-}
-
 TEST(CommandDefaultsTest, GroupConstructorsTakeStateAndAFreshList) {
     const GroupCommand empty;
     EXPECT_TRUE(empty.enabled);
@@ -200,26 +152,6 @@ TEST(AffineTranformationTest, TextFormEqualityAndHash) {
 
     const AffineTranformation identity;
     EXPECT_EQ(identity, AffineTranformation({0, 0, 0}, {0, 0, 0}, {1, 1, 1}));
-}
-
-TEST(HintTest, ShadingRatesCarryTheirValues) {
-    EXPECT_EQ(value(ShadingRate::SHADING_RATE_1X1), 38566);
-    EXPECT_EQ(value(ShadingRate::SHADING_RATE_1X2), 38567);
-    EXPECT_EQ(value(ShadingRate::SHADING_RATE_2X1), 38568);
-    EXPECT_EQ(value(ShadingRate::SHADING_RATE_2X2), 38569);
-    EXPECT_EQ(value(ShadingRate::SHADING_RATE_4X2), 38572);
-    EXPECT_EQ(value(ShadingRate::SHADING_RATE_4X4), 38574);
-    EXPECT_EQ(static_cast<int>(ShadingRate::SHADING_RATE_4X4), 5);
-    EXPECT_EQ(toString(ShadingRate::SHADING_RATE_4X2), "SHADING_RATE_4X2");
-}
-
-TEST(HintTest, SharedHintsOnePerRate) {
-    EXPECT_EQ(HINT_VRS_NONE->shadingRate, ShadingRate::SHADING_RATE_1X1);
-    EXPECT_EQ(HINT_VRS_1X2->shadingRate, ShadingRate::SHADING_RATE_1X2);
-    EXPECT_EQ(HINT_VRS_2X1->shadingRate, ShadingRate::SHADING_RATE_2X1);
-    EXPECT_EQ(HINT_VRS_2X2->shadingRate, ShadingRate::SHADING_RATE_2X2);
-    EXPECT_EQ(HINT_VRS_4X2->shadingRate, ShadingRate::SHADING_RATE_4X2);
-    EXPECT_EQ(HINT_VRS_4X4->shadingRate, ShadingRate::SHADING_RATE_4X4);
 }
 
 TEST(HintTest, ListSharedBetweenDrawsChangesForAllOfThem) {
