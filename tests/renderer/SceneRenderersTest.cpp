@@ -13,59 +13,6 @@ namespace renderer {
 namespace {
 
 using test::RendererHarness;
-using V = UniformType;
-using D = UniformDataType;
-
-std::vector<std::string> rowNames(const ShaderUniforms& table) {
-    std::vector<std::string> names;
-    for (const auto& [name, row] : table) names.push_back(name);
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-TEST(UniformTablesTest, EachRendererHoldsItsRows) {
-    EXPECT_EQ(rowNames(NivalisRenderer::uniforms()),
-              (std::vector<std::string>{"CausticsWater", "Cloud", "Color", "ColorAnimatedTextureChunked", "Diffuse",
-                                        "DiffuseAnimatedTextureChunked", "DiffuseZFog", "FullscreenQuad", "Palette",
-                                        "SkyDither", "Vignette"}));
-    EXPECT_EQ(rowNames(BetoniaRenderer::uniforms()), (std::vector<std::string>{"Diffuse", "FullscreenQuad", "Vignette"}));
-    EXPECT_EQ(rowNames(ExampleRenderer::uniforms()),
-              (std::vector<std::string>{"Color", "ColorAnimatedTextureChunked", "Diffuse", "FullscreenQuad",
-                                        "Vignette", "Water"}));
-}
-
-TEST(UniformTablesTest, RowsGiveStageTypeAndSlotInOrder) {
-    const auto& nivalis = NivalisRenderer::uniforms();
-    EXPECT_EQ(nivalis.at("CausticsWater"),
-              (std::vector<Uniform>{{V::VERTEX, D::FP32, 1},
-                                    {V::FRAGMENT, D::TEXTURE, 0},
-                                    {V::FRAGMENT, D::FP32, 1},
-                                    {V::FRAGMENT, D::FP32, 2},
-                                    {V::FRAGMENT, D::FP32, 3},
-                                    {V::VERTEX, D::FP32, 4},
-                                    {V::VERTEX, D::FP32, 5},
-                                    {V::VERTEX, D::FP32, 2},
-                                    {V::VERTEX, D::FP32, 3}}));
-    EXPECT_EQ(nivalis.at("DiffuseAnimatedTextureChunked"),
-              (std::vector<Uniform>{{V::VERTEX, D::FP32, 1},
-                                    {V::FRAGMENT, D::TEXTURE, 0},
-                                    {V::VERTEX, D::INT32, 2},
-                                    {V::VERTEX, D::FP32, 3},
-                                    {V::VERTEX, D::TEXTURE, 0},
-                                    {V::VERTEX, D::FP32, 4}}));
-    EXPECT_EQ(nivalis.at("SkyDither"), (std::vector<Uniform>{{V::VERTEX, D::FP32, 1},
-                                                             {V::FRAGMENT, D::TEXTURE, 0},
-                                                             {V::FRAGMENT, D::TEXTURE, 1}}));
-    EXPECT_EQ(nivalis.at("DiffuseZFog"), (std::vector<Uniform>{{V::VERTEX, D::FP32, 1},
-                                                               {V::FRAGMENT, D::TEXTURE, 0},
-                                                               {V::FRAGMENT, D::FP16, 1},
-                                                               {V::VERTEX, D::FP32, 2}}));
-    EXPECT_EQ(nivalis.at("Vignette"), (std::vector<Uniform>{{V::VERTEX, D::FP16, 1}, {V::VERTEX, D::FP16, 2}}));
-    EXPECT_EQ(ExampleRenderer::uniforms().at("Water"),
-              (std::vector<Uniform>{{V::VERTEX, D::FP32, 1}, {V::FRAGMENT, D::FP16, 1}, {V::VERTEX, D::FP32, 2}}));
-    EXPECT_EQ(Uniform(V::FRAGMENT, D::FP16, 1).toString(), "Uniform(type=FRAGMENT, dataType=FP16, index=1)");
-}
-
 TEST(UniformTablesTest, SharedRowContentsLiveInSeparateTables) {
     const auto& nivalis = NivalisRenderer::uniforms();
     const auto& example = ExampleRenderer::uniforms();

@@ -14,40 +14,6 @@ using engine::TextureFiltering;
 using engine::TextureWrapping;
 using engine::VertexFormat;
 
-TEST(SceneUtilsTest, CullFacesMapAndFrontAndBackStops) {
-    test::ScopedFatalThrows throws;
-    EXPECT_EQ(SceneUtils::cullMode(engine::CullFace::DISABLED), gpu::CullMode::NONE);
-    EXPECT_EQ(SceneUtils::cullMode(engine::CullFace::FRONT), gpu::CullMode::FRONT);
-    EXPECT_EQ(SceneUtils::cullMode(engine::CullFace::BACK), gpu::CullMode::BACK);
-    EXPECT_THROW(SceneUtils::cullMode(engine::CullFace::FRONT_AND_BACK), Fatal::Stop);
-}
-
-TEST(SceneUtilsTest, BlendingTablesCoverEveryConstant) {
-    EXPECT_EQ(SceneUtils::blendOperation(BlendingEquation::ADD), GLenum(GL_FUNC_ADD));
-    EXPECT_EQ(SceneUtils::blendOperation(BlendingEquation::SUBTRACT), GLenum(GL_FUNC_SUBTRACT));
-    EXPECT_EQ(SceneUtils::blendOperation(BlendingEquation::REVERSE_SUBTRACT), GLenum(GL_FUNC_REVERSE_SUBTRACT));
-    const std::pair<BlendingFactor, GLenum> factors[] = {
-        {BlendingFactor::ZERO, GL_ZERO},
-        {BlendingFactor::ONE, GL_ONE},
-        {BlendingFactor::SRC_COLOR, GL_SRC_COLOR},
-        {BlendingFactor::ONE_MINUS_SRC_COLOR, GL_ONE_MINUS_SRC_COLOR},
-        {BlendingFactor::DST_COLOR, GL_DST_COLOR},
-        {BlendingFactor::ONE_MINUS_DST_COLOR, GL_ONE_MINUS_DST_COLOR},
-        {BlendingFactor::SRC_ALPHA, GL_SRC_ALPHA},
-        {BlendingFactor::ONE_MINUS_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA},
-        {BlendingFactor::DST_ALPHA, GL_DST_ALPHA},
-        {BlendingFactor::ONE_MINUS_DST_ALPHA, GL_ONE_MINUS_DST_ALPHA},
-        {BlendingFactor::CONSTANT_COLOR, GL_CONSTANT_COLOR},
-        {BlendingFactor::ONE_MINUS_CONSTANT_COLOR, GL_ONE_MINUS_CONSTANT_COLOR},
-        {BlendingFactor::CONSTANT_ALPHA, GL_CONSTANT_ALPHA},
-        {BlendingFactor::ONE_MINUS_CONSTANT_ALPHA, GL_ONE_MINUS_CONSTANT_ALPHA},
-        {BlendingFactor::SRC_ALPHA_SATURATE, GL_SRC_ALPHA_SATURATE},
-    };
-    for (const auto& [factor, expected] : factors) {
-        EXPECT_EQ(SceneUtils::blendFactor(factor), expected) << engine::toString(factor);
-    }
-}
-
 TEST(SceneUtilsTest, ApplyBlendingUsesColourFieldsForAlphaUnlessSeparate) {
     engine::Blending blending;
     blending.enabled = true;
@@ -77,38 +43,6 @@ TEST(SceneUtilsTest, ApplyBlendingUsesColourFieldsForAlphaUnlessSeparate) {
     gpu::BlendState none = SceneUtils::applyBlending(*engine::BLENDING_NONE);
     EXPECT_FALSE(none.enabled);
     EXPECT_EQ(none.sourceRGBFactor, GLenum(GL_ZERO));
-}
-
-TEST(SceneUtilsTest, VertexFormatsFollowTheRule) {
-    struct Row {
-        VertexFormat format;
-        GLint size;
-        GLenum type;
-        bool normalized;
-        bool integer;
-    };
-    const Row rows[] = {
-        {VertexFormat::UBYTE, 1, GL_UNSIGNED_BYTE, false, true},
-        {VertexFormat::BYTE4, 4, GL_BYTE, false, true},
-        {VertexFormat::UBYTE_NORMALIZED, 1, GL_UNSIGNED_BYTE, true, false},
-        {VertexFormat::BYTE2_NORMALIZED, 2, GL_BYTE, true, false},
-        {VertexFormat::USHORT3, 3, GL_UNSIGNED_SHORT, false, true},
-        {VertexFormat::SHORT4_NORMALIZED, 4, GL_SHORT, true, false},
-        {VertexFormat::HALF, 1, GL_HALF_FLOAT, false, false},
-        {VertexFormat::HALF2, 2, GL_HALF_FLOAT, false, false},
-        {VertexFormat::FLOAT3, 3, GL_FLOAT, false, false},
-        {VertexFormat::UINT2, 2, GL_UNSIGNED_INT, false, true},
-        {VertexFormat::INT4, 4, GL_INT, false, true},
-        {VertexFormat::INT_1010102_NORMALIZED, 4, GL_INT_2_10_10_10_REV, true, false},
-        {VertexFormat::UINT_1010102_NORMALIZED, 4, GL_UNSIGNED_INT_2_10_10_10_REV, true, false},
-    };
-    for (const Row& row : rows) {
-        const auto attribute = SceneUtils::vertexFormat(row.format);
-        EXPECT_EQ(attribute.size, row.size) << engine::toString(row.format);
-        EXPECT_EQ(attribute.type, row.type) << engine::toString(row.format);
-        EXPECT_EQ(attribute.normalized, row.normalized) << engine::toString(row.format);
-        EXPECT_EQ(attribute.integer, row.integer) << engine::toString(row.format);
-    }
 }
 
 TEST(SceneUtilsTest, VertexDescriptorUsesPositionsNotIndices) {

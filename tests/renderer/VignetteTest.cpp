@@ -5,7 +5,6 @@
 #include "engine/commands/MainPassCommand.h"
 #include "engine/commands/VignetteCommand.h"
 #include "renderer/SceneRenderer.h"
-#include "renderer/SceneUtils.h"
 #include "tests/renderer/support/RendererHarness.h"
 
 namespace renderer {
@@ -20,21 +19,6 @@ std::shared_ptr<VignetteCommand> vignette(engine::math::Vec4 color0, engine::mat
     command->color0 = color0;
     command->color1 = color1;
     return command;
-}
-
-TEST(VignetteUtilsTest, ConstantsDescribeAMultiplyOverThePicture) {
-    const auto& blending = *VignetteUtils::blending();
-    EXPECT_TRUE(blending.enabled);
-    EXPECT_FALSE(blending.isSeparateAlpha);
-    const gpu::BlendState blend = SceneUtils::applyBlending(blending);
-    EXPECT_EQ(blend.sourceRGBFactor, GLenum(GL_ZERO));
-    EXPECT_EQ(blend.destinationRGBFactor, GLenum(GL_SRC_COLOR));
-    EXPECT_EQ(blend.rgbOperation, GLenum(GL_FUNC_ADD));
-    EXPECT_FALSE(VignetteUtils::depthMode()->depthTest);
-    EXPECT_FALSE(VignetteUtils::depthMode()->depthWrite);
-    EXPECT_EQ(VignetteUtils::attributes()->toString(),
-              "VertexAttributesDescriptor(attributes=[VertexAttribute(type=VERTEX, index=0, format=HALF2, offset=0), "
-              "VertexAttribute(type=AO, index=1, format=UBYTE_NORMALIZED, offset=6)], stride=8)");
 }
 
 class VignetteTest : public ::testing::Test {

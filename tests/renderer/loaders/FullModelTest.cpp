@@ -80,14 +80,6 @@ TEST_F(FullModelLoadTest, SharedModelsWithoutSceneFolderLieAtTheTopOfTheResource
     EXPECT_EQ(model.indexCount(), 3);
 }
 
-TEST_F(FullModelLoadTest, NamesWithFoldersAreNotPutUnderModels) {
-    resources.write("nivalis/seal/idle-strides.bin", countingBytes(4));
-    resources.write("nivalis/seal/idle-indices.bin", countingBytes(4));
-    FullModel model("seal/idle", "nivalis");
-    model.load(gl, resources.path());
-    EXPECT_EQ(model.indexCount(), 2);
-}
-
 TEST_F(FullModelLoadTest, OddIndexFileDrawsHalfItsLengthRoundedDown) {
     resources.write("r/models/m-strides.bin", countingBytes(8));
     resources.write("r/models/m-indices.bin", countingBytes(7));
@@ -151,13 +143,6 @@ TEST_F(FullModelDeathTest, MissingFileStopsTheProcessWithTheModelMessage) {
     FullModel model("a", "nivalis");
     EXPECT_EXIT(model.load(gl, resources.path()), ::testing::ExitedWithCode(1),
                 "^Fatal error: Cannot create model buffers: File not found in bundle: models/a-strides.bin\n$");
-}
-
-TEST_F(FullModelDeathTest, InvalidNameLooksForAFileWithoutStem) {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
-    FullModel model("not a url", "nivalis");
-    EXPECT_EXIT(model.load(gl, resources.path()), ::testing::ExitedWithCode(1),
-                "File not found in bundle: models/-strides.bin");
 }
 
 } // namespace

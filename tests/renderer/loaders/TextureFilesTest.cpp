@@ -125,19 +125,5 @@ TEST_F(TextureFilesDeathTest, AnyLoaderErrorStopsWithTheTexturesFileName) {
                 "^Fatal error: Cannot load texture bird.rgba.fp16\n$");
 }
 
-TEST_F(TextureFilesDeathTest, NegativeMipCountStops) {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
-    writeAstc("room1_0.astc", 8);
-    EXPECT_EXIT(TextureFiles::load(gl, description("room1", engine::TextureFormat::ASTC, -1), dir.path()),
-                ::testing::ExitedWithCode(1), "^Fatal error: Cannot load texture room1\n$");
-}
-
-TEST_F(TextureFilesDeathTest, TruncatedAstcStops) {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
-    dir.write("cut.astc", test::astcFile(64, 64, 4, 4, test::countingBytes(100)));
-    EXPECT_EXIT(TextureFiles::load(gl, description("cut", engine::TextureFormat::ASTC), dir.path()),
-                ::testing::ExitedWithCode(1), "^Fatal error: Cannot load texture cut\n$");
-}
-
 } // namespace
 } // namespace renderer::textures
