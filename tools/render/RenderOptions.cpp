@@ -1,5 +1,6 @@
 #include "tools/render/RenderOptions.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -147,6 +148,16 @@ RenderOptions RenderOptions::parse(std::span<const std::string> arguments) {
                 bad(option, assignment, "FIELD=VALUE");
             }
             options.settings.emplace_back(assignment.substr(0, equals), assignment.substr(equals + 1));
+        } else if (option == "--hide") {
+            const std::string part = value();
+            if (std::find(PARTS.begin(), PARTS.end(), part) == PARTS.end()) {
+                std::string names;
+                for (std::size_t k = 0; k < PARTS.size(); ++k) {
+                    names += (k == 0 ? "" : k + 1 == PARTS.size() ? " or " : ", ") + std::string(PARTS[k]);
+                }
+                bad(option, part, names);
+            }
+            options.hide.push_back(part);
         } else if (option == "--out") {
             options.out = value();
             if (options.out.empty()) {
@@ -245,6 +256,9 @@ Renders frames of a scene without a display and writes them as PNG files.
   --seed N              seed of the random source (default 1)
   --set FIELD=VALUE     write a field of the scene's settings, e.g. vignette=false,
                         cameraPeriod=2, blurred=true; may be given several times
+  --hide PART           leave a part of the picture out (nivalis only): ships, animals,
+                        birds, mountains, water, sky, clouds, stars or sun; may be given
+                        several times
   --out FILE            output PNG; %d (or %04d) is replaced by the frame number from 0,
                         and is required for more than one frame (default frame.png)
   --resources DIR       the resources directory (default: resources/ beside the program,

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -43,6 +45,10 @@ public:
     double step = 1000.0 / 30.0;
     /// Seed of the process-wide random source, so that a run repeats exactly.
     std::uint64_t seed = 1;
+    /// Parts of the scene to leave out of the picture (nivalis only), in the order given; each
+    /// one of `PARTS`. Hiding a part shows what lies behind it, so that a test can tell which
+    /// pixels belong to it.
+    std::vector<std::string> hide;
     /// Settings fields to write, as field and value text, in the order given.
     std::vector<std::pair<std::string, std::string>> settings;
     /// Output file; "%d" (or "%04d" and the like) is replaced by the frame number, from 0.
@@ -55,6 +61,10 @@ public:
     renderer::headless::HeadlessContext::Platform platform = renderer::headless::HeadlessContext::Platform::AUTO;
     /// Only print the usage.
     bool help = false;
+
+    /// The names that --hide takes.
+    static constexpr std::array<std::string_view, 9> PARTS = {"ships", "animals", "birds", "mountains", "water",
+                                                              "sky",   "clouds",  "stars", "sun"};
 
     /// Reads the arguments that follow the program name. Throws std::invalid_argument with a
     /// message naming the offending option or value.

@@ -6,11 +6,16 @@
 #include <cmath>
 #include <functional>
 #include <map>
+#include <set>
 #include <stdexcept>
 
+#include "engine/IllegalStateError.h"
+#include "engine/commands/DrawMeshCommand.h"
+#include "engine/commands/GroupCommand.h"
 #include "engine/commands/MainPassCommand.h"
 #include "scenes/betonia/BetoniaScene.h"
 #include "scenes/example/ExampleScene.h"
+#include "scenes/nivalis/Meshes.h"
 #include "scenes/nivalis/NivalisScene.h"
 
 namespace tools::render {
@@ -176,6 +181,83 @@ void setUpExample(scenes::example::ExampleScene& scene, const RenderOptions& opt
     placeCamera(scene.cameraAnimator, "example", options);
 }
 
+using engine::commands::Command;
+using engine::commands::GroupCommand;
+using CommandSet = std::set<const Command*>;
+
+// Every node of the tree under `commands`, each once, groups before their children.
+void collect(const engine::Scene::CommandList& commands, std::vector<std::shared_ptr<Command>>& nodes,
+             CommandSet& seen) {
+    for (const auto& node : commands) {
+        if (!node || !seen.insert(node.get()).second) {
+            continue;
+        }
+        nodes.push_back(node);
+        if (const auto* group = dynamic_cast<const GroupCommand*>(node.get())) {
+            collect(group->commands, nodes, seen);
+        }
+    }
+}
+
+// The nodes of one part of the Nivalis scene. The scene keeps the moving parts in fields of its
+// own; the terrain, the water and the sky are told by the group's name and by their meshes.
+std::vector<const Command*> nivalisPart(const scenes::nivalis::NivalisScene& scene, const std::string& part,
+                                        const std::vector<std::shared_ptr<Command>>& nodes) {
+    const auto& meshes = scenes::nivalis::Meshes::shared();
+    const auto drawing = [&nodes](const std::shared_ptr<engine::Mesh>& mesh) {
+        std::vector<const Command*> found;
+        for (const auto& node : nodes) {
+            const auto* draw = dynamic_cast<const engine::commands::DrawMeshCommand*>(node.get());
+            if (draw && mesh && draw->mesh == mesh) {
+                found.push_back(node.get());
+            }
+        }
+        return found;
+    };
+    if (part == "ships") {
+        return {scene.groupShips.get()};
+    }
+    if (part == "animals") {
+        return {scene.groupAnimalsAnimated.get(), scene.groupAnimalsSleeping.get()};
+    }
+    if (part == "birds") {
+        return {scene.groupBirds.get()};
+    }
+    if (part == "clouds") {
+        return {scene.commandClouds.get()};
+    }
+    if (part == "stars") {
+        return {scene.commandStars.get()};
+    }
+    if (part == "sun") {
+        return {scene.commandSun.get(), scene.commandSunLow.get()};
+    }
+    if (part == "water") {
+        return drawing(meshes.meshWater);
+    }
+    if (part == "sky") {
+        return drawing(meshes.meshSky);
+    }
+    std::vector<const Command*> found;
+    for (const auto& node : nodes) {
+        if (part == "mountains" && node->name == "mountains" && dynamic_cast<const GroupCommand*>(node.get())) {
+            found.push_back(node.get());
+        }
+    }
+    return found;
+}
+
+// Takes the nodes out of `commands` and out of every group below, each group once.
+void erase(engine::Scene::CommandList& commands, const CommandSet& hidden, CommandSet& visited) {
+    std::erase_if(commands, [&hidden](const std::shared_ptr<Command>& node) { return hidden.contains(node.get()); });
+    for (const auto& node : commands) {
+        auto* group = dynamic_cast<GroupCommand*>(node.get());
+        if (group && visited.insert(group).second) {
+            erase(group->commands, hidden, visited);
+        }
+    }
+}
+
 } // namespace
 
 std::shared_ptr<engine::Scene> SceneSetup::create(const std::string& name) {
@@ -207,6 +289,33 @@ void SceneSetup::apply(engine::Scene& scene, const RenderOptions& options) {
     } else {
         throw std::invalid_argument("Scene of an unknown kind");
     }
+}
+
+void SceneSetup::hide(engine::Scene& scene, const RenderOptions& options) {
+    if (options.hide.empty()) {
+        return;
+    }
+    auto* nivalis = dynamic_cast<scenes::nivalis::NivalisScene*>(&scene);
+    if (!nivalis) {
+        throw std::invalid_argument("Scene " + options.scene + " has no parts to hide (only nivalis has)");
+    }
+    std::vector<std::shared_ptr<Command>> nodes;
+    CommandSet seen;
+    collect(scene.commands, nodes, seen);
+    CommandSet hidden;
+    for (const std::string& part : options.hide) {
+        if (std::ranges::find(RenderOptions::PARTS, part) == RenderOptions::PARTS.end()) {
+            throw std::invalid_argument("Scene nivalis has no part '" + part + "'");
+        }
+        for (const Command* node : nivalisPart(*nivalis, part, nodes)) {
+            if (!node) {
+                throw engine::IllegalStateError("Part " + part + " of scene nivalis is missing from its tree");
+            }
+            hidden.insert(node);
+        }
+    }
+    CommandSet visited;
+    erase(scene.commands, hidden, visited);
 }
 
 } // namespace tools::render

@@ -27,6 +27,12 @@ public:
     /// would at its next frame, so that the progress asked for survives the first frame. Throws
     /// std::invalid_argument naming the field, time or path that the scene does not have.
     static void apply(engine::Scene& scene, const RenderOptions& options);
+    /// Leaves the parts named in `options.hide` out of the scene's picture for good: their nodes
+    /// are taken out of every list of the tree (the scene rewrites the nodes' `enabled` flags at
+    /// each frame but never reads its lists back). Hiding a part twice does no harm. Throws
+    /// std::invalid_argument for a scene without such parts or a part name it does not know, and
+    /// engine::IllegalStateError when the scene lacks a node that it names as a field.
+    static void hide(engine::Scene& scene, const RenderOptions& options);
 };
 
 } // namespace tools::render

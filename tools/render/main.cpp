@@ -84,6 +84,8 @@ int run(const RenderOptions& options, const char* argv0) {
     try {
         // Once now, so that a setting or camera the scene lacks fails before anything loads.
         SceneSetup::apply(*scene, options);
+        // The tree is complete once the scene is made, and the frames walk it afresh.
+        SceneSetup::hide(*scene, options);
     } catch (const std::invalid_argument& e) {
         std::cerr << "nivalis-render: " << e.what() << "\n";
         return EXIT_USAGE;

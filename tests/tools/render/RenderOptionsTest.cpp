@@ -112,10 +112,24 @@ TEST(RenderOptionsTest, OutputPathNumbersFramesFromZero) {
     EXPECT_EQ(options.outputPath(123), "f123.png");
 }
 
+TEST(RenderOptionsTest, HideCollectsKnownPartsInOrder) {
+    const auto options = parse({"--hide", "animals", "--hide=mountains", "--hide", "animals"});
+    EXPECT_EQ(options.hide, (std::vector<std::string>{"animals", "mountains", "animals"}));
+    for (const char* part : {"ships", "animals", "birds", "mountains", "water", "sky", "clouds", "stars", "sun"}) {
+        EXPECT_EQ(parse({"--hide", part}).hide, std::vector<std::string>{part});
+    }
+    EXPECT_EQ(errorOf({"--hide", "penguins"}),
+              "Invalid value 'penguins' for --hide: expected ships, animals, birds, mountains, water, sky, clouds, "
+              "stars or sun");
+    EXPECT_NE(errorOf({"--hide", "Ships"}).find("for --hide"), std::string::npos);
+    EXPECT_EQ(errorOf({"--hide"}), "Option --hide needs a value");
+    EXPECT_TRUE(parse({}).hide.empty());
+}
+
 TEST(RenderOptionsTest, HelpListsEveryOption) {
     const std::string usage = RenderOptions::usage();
     for (const char* option : {"--scene", "--size", "--time-of-day", "--camera", "--path-at", "--at", "--frames",
-                               "--step", "--seed", "--set", "--out", "--resources", "--astc", "--egl", "--help"}) {
+                               "--step", "--seed", "--set", "--hide", "--out", "--resources", "--astc", "--egl", "--help"}) {
         EXPECT_NE(usage.find(std::string(option) + " "), std::string::npos) << option;
     }
     EXPECT_TRUE(parse({"--size", "2x2", "-h"}).help);
