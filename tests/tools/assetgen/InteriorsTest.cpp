@@ -143,10 +143,12 @@ TEST(Rooms, BakedAtlasMatchesTheMeshThatReadsIt) {
     ASSERT_EQ(mesh.indices.size(), room.panels.size() * 12); // each face and its back
     for (std::size_t q = 0; q < room.panels.size(); ++q) {
         const auto* corners = &mesh.vertices[q * 4];
-        // The panel of this quad (the mesh lists them by drawing layer, not in panel order).
+        // The panel of this quad (the mesh lists them by drawing layer, not in panel order); each
+        // quad reaches 4 units past the panel's edges, so that neighbouring panels overlap.
         const auto found = std::find_if(room.panels.begin(), room.panels.end(), [&](const Interior::Panel& p) {
-            return (p.origin - corners[0].position).length() < 1e-9 &&
-                   (p.origin + p.u + p.v - corners[2].position).length() < 1e-9;
+            const Vec3d margin = p.u.normalized() * 4.0 + p.v.normalized() * 4.0;
+            return (p.origin - margin - corners[0].position).length() < 1e-9 &&
+                   (p.origin + p.u + p.v + margin - corners[2].position).length() < 1e-9;
         });
         ASSERT_NE(found, room.panels.end());
         const auto& panel = *found;

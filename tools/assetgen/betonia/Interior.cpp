@@ -14,6 +14,10 @@ using core::Vec3d;
 
 namespace {
 
+/// World units by which every panel overlaps its neighbours (more than the half-float
+/// rounding of positions in a room of a few thousand units).
+constexpr double kSeamOverlap = 4.0;
+
 double smoothstep(double a, double b, double x) {
     const double t = std::clamp((x - a) / (b - a), 0.0, 1.0);
     return t * t * (3.0 - 2.0 * t);
@@ -371,7 +375,14 @@ mesh::MeshData Interior::bake(int part, core::Image& atlas, Band plain, Band glo
             v.v = (slot.y + pad + t * innerH) / height;
             return out.add(v);
         };
-        const std::uint32_t a = corner(0, 0), b = corner(1, 0), c = corner(1, 1), d = corner(0, 1);
+        // Each quad reaches a little past its edges, into its padding texels, so that panels
+        // meeting at a seam overlap: half-float positions move vertices by up to a unit, and
+        // seams with vertices on one side only (T-junctions) would otherwise open hairline
+        // cracks through which the clear colour shows.
+        const double ds = kSeamOverlap / panel.u.length();
+        const double dt = kSeamOverlap / panel.v.length();
+        const std::uint32_t a = corner(-ds, -dt), b = corner(1 + ds, -dt), c = corner(1 + ds, 1 + dt),
+                            d = corner(-ds, 1 + dt);
         out.triangle(a, b, c);
         out.triangle(a, c, d);
         out.triangle(a, c, b); // the back, for passes that take the other winding as front
