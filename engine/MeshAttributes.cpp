@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "engine/common/Hash.h"
+#include "engine/common/TextForm.h"
 
 namespace engine {
 
@@ -15,26 +16,13 @@ MeshAttributes MeshAttributes::doCopy(std::optional<std::vector<MeshAttribute>> 
 
 std::size_t MeshAttributes::hash() const {
     std::size_t seed = 0;
-    for (const auto& attribute : attributes_) {
-        common::hashCombine(seed, attribute);
-    }
-    common::hashCombine(seed, attributes_.size());
+    common::hashCombineAll(seed, attributes_);
     common::hashCombine(seed, stride_);
     return seed;
 }
 
 std::string MeshAttributes::toString() const {
-    std::string text = "MeshAttributes(attributes=[";
-    for (std::size_t i = 0; i < attributes_.size(); ++i) {
-        if (i > 0) {
-            text += ", ";
-        }
-        text += attributes_[i].toString();
-    }
-    text += "], stride=";
-    text += std::to_string(stride_);
-    text += ")";
-    return text;
+    return "MeshAttributes(attributes=" + common::TextForm::list(attributes_) + ", stride=" + std::to_string(stride_) + ")";
 }
 
 } // namespace engine

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace engine::common {
 
@@ -13,6 +14,17 @@ public:
     static std::string number(float value);
     /// Text of a double-precision number.
     static std::string number(double value);
+    /// Text of a list of value objects: their text forms between brackets, separated by ", ".
+    template <typename T> static std::string list(const std::vector<T>& values) {
+        std::string text = "[";
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            if (i > 0) {
+                text += ", ";
+            }
+            text += values[i].toString();
+        }
+        return text + "]";
+    }
 };
 
 } // namespace engine::common
