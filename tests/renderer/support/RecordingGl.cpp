@@ -99,14 +99,6 @@ std::size_t RecordingGl::count(GlCall kind) const {
     return n;
 }
 
-std::vector<std::string> RecordingGl::log() const {
-    std::vector<std::string> lines;
-    for (const auto& call : calls) {
-        lines.push_back(call.toString());
-    }
-    return lines;
-}
-
 std::vector<std::string> RecordingGl::log(std::initializer_list<GlCall> kinds) const {
     std::vector<std::string> lines;
     for (const auto& call : calls) {
@@ -165,11 +157,6 @@ std::array<GLint, 3> RecordingGl::textureLevel0(GLuint texture) const {
 std::array<GLint, 4> RecordingGl::renderbufferStorage(GLuint renderbuffer) const {
     auto it = renderbuffers_.find(renderbuffer);
     return it == renderbuffers_.end() ? std::array<GLint, 4>{} : it->second;
-}
-
-std::map<GLenum, std::pair<bool, GLuint>> RecordingGl::framebufferAttachments(GLuint framebuffer) const {
-    auto it = framebuffers_.find(framebuffer);
-    return it == framebuffers_.end() ? std::map<GLenum, std::pair<bool, GLuint>>{} : it->second.attachments;
 }
 
 void RecordingGl::record(GlCall kind, std::vector<double> args) { calls.push_back({kind, std::move(args)}); }
@@ -494,7 +481,7 @@ void RecordingGl::vertexAttribIPointer(GLuint index, GLint size, GLenum type, GL
 
 GLuint RecordingGl::createFramebuffer() {
     GLuint name = newName();
-    framebuffers_[name];
+    framebuffers_.insert(name);
     record(GlCall::CreateFramebuffer, {double(name)});
     return name;
 }
@@ -525,7 +512,6 @@ void RecordingGl::framebufferTexture(GLuint framebuffer, GLenum attachment, GLui
         ADD_FAILURE() << "framebufferTexture with unknown objects " << framebuffer << ", " << texture;
         return;
     }
-    framebuffers_[framebuffer].attachments[attachment] = {false, texture};
     drawFramebuffer_ = framebuffer;
 }
 
@@ -535,7 +521,6 @@ void RecordingGl::framebufferRenderbuffer(GLuint framebuffer, GLenum attachment,
         ADD_FAILURE() << "framebufferRenderbuffer with unknown objects " << framebuffer << ", " << renderbuffer;
         return;
     }
-    framebuffers_[framebuffer].attachments[attachment] = {true, renderbuffer};
     drawFramebuffer_ = framebuffer;
 }
 
@@ -614,7 +599,6 @@ void RecordingGl::disable(GLenum capability) {
 
 void RecordingGl::blendEquationSeparate(GLenum modeColor, GLenum modeAlpha) {
     record(GlCall::BlendEquationSeparate, {double(modeColor), double(modeAlpha)});
-    blendEquations_ = {modeColor, modeAlpha};
 }
 
 void RecordingGl::blendFuncSeparate(GLenum sourceColor, GLenum destinationColor, GLenum sourceAlpha,
@@ -636,7 +620,6 @@ void RecordingGl::depthMask(bool write) {
 
 void RecordingGl::cullFace(GLenum mode) {
     record(GlCall::CullFace, {double(mode)});
-    cullMode_ = mode;
 }
 
 void RecordingGl::frontFace(GLenum mode) {
@@ -650,20 +633,16 @@ void RecordingGl::snapshotDraw(GlCall kind, GLenum mode, GLsizei count) {
     draw.mode = mode;
     draw.count = count;
     draw.program = program_;
-    draw.vertexArray = vertexArray_;
     draw.drawFramebuffer = drawFramebuffer_;
     for (std::size_t i = 0; i < draw.textures.size(); ++i) {
         draw.textures[i] = textureUnits_[i];
         draw.samplers[i] = samplerUnits_[i];
     }
     draw.blend = enabled_.count(GL_BLEND) > 0;
-    draw.blendEquations = blendEquations_;
     draw.blendFactors = blendFactors_;
-    draw.depthTest = enabled_.count(GL_DEPTH_TEST) > 0;
     draw.depthFunc = depthFunc_;
     draw.depthMask = depthMask_;
     draw.cullFace = enabled_.count(GL_CULL_FACE) > 0;
-    draw.cullMode = cullMode_;
     draw.frontFace = frontFace_;
     draw.viewport = viewport_;
     if (Program* program = current()) {

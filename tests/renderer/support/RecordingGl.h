@@ -47,19 +47,15 @@ struct DrawSnapshot {
     GLenum mode = 0;
     GLsizei count = 0;
     GLuint program = 0;
-    GLuint vertexArray = 0;
     GLuint elementBuffer = 0;
     GLuint drawFramebuffer = 0;
     std::array<GLuint, 24> textures{};
     std::array<GLuint, 24> samplers{};
     bool blend = false;
-    std::array<GLenum, 2> blendEquations{};
     std::array<GLenum, 4> blendFactors{};
-    bool depthTest = false;
     GLenum depthFunc = GL_LESS;
     bool depthMask = true;
     bool cullFace = false;
-    GLenum cullMode = GL_BACK;
     GLenum frontFace = GL_CCW;
     std::array<GLint, 4> viewport{};
     /// Uniform values of the program, by uniform name.
@@ -93,8 +89,7 @@ public:
 
     /// Number of recorded calls of `kind`.
     std::size_t count(GlCall kind) const;
-    /// Recorded calls as text, optionally only those of the given kinds.
-    std::vector<std::string> log() const;
+    /// Recorded calls of the given kinds, as text.
     std::vector<std::string> log(std::initializer_list<GlCall> kinds) const;
     /// Forgets the calls and draws recorded so far; the GL state stays.
     void clearCalls();
@@ -110,8 +105,6 @@ public:
 
     /// Parameters set on a sampler, by parameter name.
     std::map<GLenum, double> samplerParameters(GLuint sampler) const;
-    /// The program currently in use.
-    GLuint currentProgram() const { return program_; }
     /// The vertex source a program was made from (to tell programs apart in tests).
     std::string vertexSource(GLuint program) const;
     /// Last value set for uniform `name` of `program`; empty when never set.
@@ -124,8 +117,6 @@ public:
     std::array<GLint, 3> textureLevel0(GLuint texture) const;
     /// Storage of a renderbuffer: samples, internal format, width, height.
     std::array<GLint, 4> renderbufferStorage(GLuint renderbuffer) const;
-    /// Attachment -> (is renderbuffer, name) of a framebuffer.
-    std::map<GLenum, std::pair<bool, GLuint>> framebufferAttachments(GLuint framebuffer) const;
 
     bool hasExtension(std::string_view name) const override;
     int version() const override;
@@ -223,9 +214,6 @@ private:
         std::map<GLuint, std::array<double, 6>> attributes;
         std::set<GLuint> enabled;
     };
-    struct Framebuffer {
-        std::map<GLenum, std::pair<bool, GLuint>> attachments;
-    };
 
     void record(GlCall kind, std::vector<double> args);
     GLuint newName();
@@ -238,7 +226,7 @@ private:
     std::map<GLuint, std::map<GLenum, double>> samplers_;
     std::map<GLuint, Program> programs_;
     std::map<GLuint, VertexArray> vertexArrays_;
-    std::map<GLuint, Framebuffer> framebuffers_;
+    std::set<GLuint> framebuffers_;
     std::map<GLuint, std::array<GLint, 4>> renderbuffers_;
     std::set<GLuint> queries_;
 
@@ -250,11 +238,9 @@ private:
     std::array<GLuint, 48> textureUnits_{};
     std::array<GLuint, 48> samplerUnits_{};
     std::set<GLenum> enabled_;
-    std::array<GLenum, 2> blendEquations_{GL_FUNC_ADD, GL_FUNC_ADD};
     std::array<GLenum, 4> blendFactors_{GL_ONE, GL_ZERO, GL_ONE, GL_ZERO};
     GLenum depthFunc_ = GL_LESS;
     bool depthMask_ = true;
-    GLenum cullMode_ = GL_BACK;
     GLenum frontFace_ = GL_CCW;
     std::array<GLint, 4> viewport_{};
     bool queryRunning_ = false;
