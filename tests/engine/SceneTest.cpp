@@ -93,41 +93,30 @@ protected:
     TestScene scene;
 };
 
-TEST_F(ProjectionTest, SquareViewportIsLandscapeAndPortraitNeedsTallerThanWide) {
-    scene.calculateProjection(1.0f, 600, 600);
-    EXPECT_NEAR(scene.matProjection[5], focal(85.0), 1e-5);
-    EXPECT_NEAR(scene.matProjection[0], focal(85.0), 1e-5);
-
-    scene.calculateProjection(1.0f, 600, 601);
-    EXPECT_NEAR(scene.matProjection[5], focal(100.0), 1e-5);
-    // x is divided by the aspect ratio 600/601.
-    EXPECT_NEAR(scene.matProjection[0], focal(100.0) * 601.0 / 600.0, 1e-5);
-}
-
-TEST_F(ProjectionTest, WideViewportDividesXByAspect) {
-    scene.calculateProjection(1.0f, 1920, 1080);
-    EXPECT_NEAR(scene.matProjection[5], focal(85.0), 1e-5);
-    EXPECT_NEAR(scene.matProjection[0], focal(85.0) * 1080.0 / 1920.0, 1e-5);
+TEST_F(ProjectionTest, OrientationPicksTheAngleAndXIsDividedByAspect) {
+    // Portrait needs taller than wide; before the first resize (0 x 0) and with a negative
+    // height the aspect stays 1 and the view counts as landscape.
+    struct Case {
+        int width;
+        int height;
+        double angle;
+        double aspect;
+    };
+    for (const Case& c : {Case{600, 600, 85.0, 1.0}, Case{600, 601, 100.0, 600.0 / 601.0},
+                          Case{1920, 1080, 85.0, 1920.0 / 1080.0}, Case{0, 0, 85.0, 1.0}, Case{300, -5, 85.0, 1.0}}) {
+        SCOPED_TRACE(std::to_string(c.width) + " x " + std::to_string(c.height));
+        scene.calculateProjection(1.0f, c.width, c.height);
+        EXPECT_NEAR(scene.matProjection[5], focal(c.angle), 1e-5);
+        EXPECT_NEAR(scene.matProjection[0], focal(c.angle) / c.aspect, 1e-5);
+        for (float element : scene.matProjection) {
+            EXPECT_TRUE(std::isfinite(element));
+        }
+    }
     // A symmetric frustum: no off-centre terms, w = -z.
     EXPECT_EQ(scene.matProjection[8], 0.0f);
     EXPECT_EQ(scene.matProjection[9], 0.0f);
     EXPECT_EQ(scene.matProjection[11], -1.0f);
     EXPECT_EQ(scene.matProjection[15], 0.0f);
-}
-
-TEST_F(ProjectionTest, ZeroViewportBeforeFirstResizeStillGivesAValidProjection) {
-    scene.calculateProjection(1.0f, 0, 0);
-    EXPECT_NEAR(scene.matProjection[5], focal(85.0), 1e-5);
-    EXPECT_FLOAT_EQ(scene.matProjection[0], scene.matProjection[5]);
-    for (float element : scene.matProjection) {
-        EXPECT_TRUE(std::isfinite(element));
-    }
-}
-
-TEST_F(ProjectionTest, NegativeHeightKeepsAspectOneAndCountsAsLandscape) {
-    scene.calculateProjection(1.0f, 300, -5);
-    EXPECT_FLOAT_EQ(scene.matProjection[0], scene.matProjection[5]);
-    EXPECT_NEAR(scene.matProjection[5], focal(85.0), 1e-5);
 }
 
 TEST_F(ProjectionTest, ZoomAndMultiplierWidenTheAngle) {

@@ -103,7 +103,6 @@ TEST(SplineTest, IndicesBeyondTheSamplesFail) {
     EXPECT_THROW(s.fn(std::numeric_limits<std::int32_t>::max(), 0.5), std::out_of_range);
 
     Spline two({1, 2});
-    EXPECT_THROW(two.getCurrentPoint(0.0), std::out_of_range);
     EXPECT_THROW(two.getCurrentPoint(0.5), std::out_of_range);
     Spline none(std::vector<double>{});
     EXPECT_THROW(none.getCurrentPoint(1.0), std::out_of_range);
