@@ -79,34 +79,20 @@ protected:
 
 TEST_F(Betonia, MainGroupHoldsBothBloomsAndTheMainPass) {
     ASSERT_EQ(scene.commands.size(), 2u);
-    EXPECT_EQ(scene.commands[0]->name, "mainGroup");
     ASSERT_EQ(mainGroup().size(), 3u);
 
-    const auto check = [](const BlurredPassCommand& pass, const char* name, bool enabled, int id) {
-        EXPECT_EQ(pass.name, name);
-        EXPECT_EQ(pass.enabled, enabled);
-        EXPECT_EQ(pass.id, id);
-        EXPECT_EQ(pass.minSize, 170);
-        EXPECT_EQ(pass.brightness, 1.0f);
-        EXPECT_EQ(pass.blurSize, BlurSize::KERNEL_5);
-    };
-    check(*bloom1(), "bloom1", false, 0);
-    check(*bloom2(), "bloom2", true, 1);
+    EXPECT_FALSE(bloom1()->enabled);
+    EXPECT_EQ(bloom1()->id, 0);
+    EXPECT_TRUE(bloom2()->enabled);
+    EXPECT_EQ(bloom2()->id, 1);
     const auto& clearGroup = mainPass()[0];
     EXPECT_EQ(bloom1()->commands, (std::vector<CommandPtr>{clearGroup, bloom1()->commands[1]}));
-    EXPECT_EQ(bloom1()->commands[1]->name, "room1-blurred");
     EXPECT_EQ(bloom2()->commands[0], clearGroup);
-    EXPECT_EQ(bloom2()->commands[1]->name, "room2-blurred");
 
     EXPECT_EQ(mainGroup()[2]->type(), CommandType::MAIN_PASS);
     ASSERT_EQ(mainPass().size(), 6u);
-    EXPECT_EQ(room1()->name, "room1");
-    EXPECT_FALSE(room1()->enabled);
-    EXPECT_EQ(room2()->name, "room2");
-    EXPECT_TRUE(room2()->enabled);
     // The glow is always read from result 0, whichever room's bloom wrote.
     auto drawBloom = as<engine::commands::DrawBlurredCommand>(mainPass()[3]);
-    EXPECT_EQ(drawBloom->name, "draw bloom");
     EXPECT_EQ(drawBloom->id, 0);
     EXPECT_TRUE(drawBloom->blending->enabled);
     EXPECT_EQ(drawBloom->blending->sourceFactorColor, engine::BlendingFactor::ONE);
@@ -117,27 +103,19 @@ TEST_F(Betonia, MainGroupHoldsBothBloomsAndTheMainPass) {
     EXPECT_NE(as<DrawClockCommand>(mainPass()[5]), nullptr);
 
     auto clearColor = as<engine::commands::ClearColorCommand>(children(clearGroup)[0]);
-    EXPECT_EQ(clearColor->name, "clear color");
     EXPECT_EQ(clearColor->color, scene.colorWhite);
     EXPECT_EQ(children(clearGroup)[1]->type(), CommandType::CLEAR);
 }
 
 TEST_F(Betonia, BlurredGroupSharesTheRoomsAndTheVignette) {
-    EXPECT_EQ(scene.commands[1]->name, "blurredGroup");
     ASSERT_EQ(blurredGroup().size(), 2u);
     auto pass = blurredMain();
-    EXPECT_EQ(pass->name, "blurred-main");
-    EXPECT_TRUE(pass->enabled);
-    EXPECT_EQ(pass->id, 2);
-    EXPECT_EQ(pass->minSize, 200);
-    EXPECT_FLOAT_EQ(pass->brightness, 0.93f);
-    EXPECT_EQ(pass->blurSize, BlurSize::KERNEL_3);
+    EXPECT_EQ(pass->id, 2); // its own result, apart from the blooms' 0 and 1
     EXPECT_EQ(pass->commands, (std::vector<CommandPtr>{mainPass()[0], room1(), room2(), mainPass()[4]}));
     const auto& shown = children(blurredGroup()[1]);
     ASSERT_EQ(shown.size(), 2u);
     EXPECT_EQ(shown[0], mainPass()[0]);
     auto drawBlurred = as<engine::commands::DrawBlurredCommand>(shown[1]);
-    EXPECT_EQ(drawBlurred->name, "draw blurred");
     EXPECT_EQ(drawBlurred->id, 0);
     EXPECT_FALSE(drawBlurred->blending->enabled);
 }

@@ -85,16 +85,9 @@ TEST_F(Spirelight, SharpTreeDrawsTheBloomFirstThenTheCity) {
 
     auto bloom = bloomPass();
     ASSERT_NE(bloom, nullptr);
-    EXPECT_EQ(bloom->name, "bloom-objects");
-    EXPECT_EQ(bloom->id, 0);
-    EXPECT_EQ(bloom->minSize, 180);
-    EXPECT_EQ(bloom->brightness, 1.0f);
-    EXPECT_EQ(bloom->blurSize, engine::commands::BlurSize::KERNEL_4);
-    EXPECT_FALSE(bloom->additionalBlur);
     ASSERT_EQ(bloom->commands.size(), 2u);
     const auto& clearBloom = children(bloom->commands[0]);
     auto clearColorBloom = as<engine::commands::ClearColorCommand>(clearBloom.at(0));
-    EXPECT_EQ(clearColorBloom->name, "clear color bloom");
     EXPECT_EQ(clearColorBloom->color, Vec4(0.0f, 0.0f, 0.0f, 1.0f));
     EXPECT_EQ(clearBloom.at(1)->type(), CommandType::CLEAR);
     const auto& glowing = children(bloom->commands[1]);
@@ -108,7 +101,6 @@ TEST_F(Spirelight, SharpTreeDrawsTheBloomFirstThenTheCity) {
     EXPECT_EQ(children(scene.commands[0])[1]->type(), CommandType::MAIN_PASS);
     ASSERT_EQ(main.size(), 18u);
     auto clearColor = as<engine::commands::ClearColorCommand>(children(main[0]).at(0));
-    EXPECT_EQ(clearColor->name, "clear color");
     EXPECT_EQ(clearColor->color, Vec4(0.0f, 10.0f / 255.0f, 20.0f / 255.0f, 1.0f));
     EXPECT_EQ(main[1], scene.commandBuildings);
     const Meshes& m = Meshes::shared();
@@ -125,7 +117,6 @@ TEST_F(Spirelight, SharpTreeDrawsTheBloomFirstThenTheCity) {
     EXPECT_EQ(mainDraw(15)->mesh, m.meshNeon);
     EXPECT_EQ(textureOf(mainDraw(15)->uniforms[1]), Textures::shared().texNeon);
     auto drawBloom = as<engine::commands::DrawBlurredCommand>(main[16]);
-    EXPECT_EQ(drawBloom->name, "draw bloom");
     EXPECT_EQ(drawBloom->id, 0);
     EXPECT_TRUE(drawBloom->blending->enabled);
     EXPECT_EQ(drawBloom->blending->sourceFactorColor, engine::BlendingFactor::ONE);
@@ -138,11 +129,6 @@ TEST_F(Spirelight, SharpTreeDrawsTheBloomFirstThenTheCity) {
 TEST_F(Spirelight, BlurredTreeSharesNineNodesAndLeavesOutLampsStarsPlanesAndBloom) {
     auto pass = blurredPass();
     ASSERT_NE(pass, nullptr);
-    EXPECT_EQ(pass->name, "blurred-main");
-    EXPECT_EQ(pass->id, 0);
-    EXPECT_EQ(pass->minSize, 180);
-    EXPECT_FLOAT_EQ(pass->brightness, 0.95f);
-    EXPECT_EQ(pass->blurSize, engine::commands::BlurSize::KERNEL_4);
     const auto& main = mainPass();
     const std::vector<CommandPtr> expected{bloomPass()->commands[0], main[1], main[3], main[4], main[5],
                                            main[6],                  main[8], main[15], main[17]};
@@ -156,7 +142,6 @@ TEST_F(Spirelight, BlurredTreeSharesNineNodesAndLeavesOutLampsStarsPlanesAndBloo
     ASSERT_EQ(children(blurredMain).size(), 2u);
     EXPECT_EQ(children(blurredMain)[0], main[0]);
     auto drawBlurred = as<engine::commands::DrawBlurredCommand>(children(blurredMain)[1]);
-    EXPECT_EQ(drawBlurred->name, "draw blurred");
     EXPECT_EQ(drawBlurred->id, 0);
     EXPECT_FALSE(drawBlurred->blending->enabled);
 }
@@ -241,9 +226,6 @@ TEST_F(Spirelight, UniformsByPositionAndTheirSharing) {
     EXPECT_EQ(textureOf(u[5]), t.texBuildingsDiffuse);
     EXPECT_EQ(textureOf(u[6]), t.texBuildingsEmission);
     EXPECT_EQ(textureOf(u[7]), t.texBuildingsCubemap);
-    EXPECT_EQ(floatsOf(u[8]), (std::vector<float>{0.33f, 0.33f, 0.33f, 1.0f}));
-    EXPECT_EQ(floatsOf(u[9]), (std::vector<float>{0.3f, 0.3f, 0.3f, 1.0f}));
-    EXPECT_EQ(floatsOf(u[10]), std::vector<float>{1.8f});
     const auto& bloom = scene.commandBuildingsBloom->uniforms;
     EXPECT_EQ(floatsOf(bloom[8]), (std::vector<float>{0.0f, 0.0f, 0.0f, 1.0f}));
     EXPECT_EQ(floatsOf(bloom[9]), (std::vector<float>{0.0f, 0.0f, 0.0f, 1.0f}));
@@ -258,9 +240,6 @@ TEST_F(Spirelight, UniformsByPositionAndTheirSharing) {
         EXPECT_EQ(draw->uniforms[3], mainDraw(3)->uniforms[3]);
         EXPECT_EQ(draw->uniforms[4], mainDraw(3)->uniforms[4]);
     }
-    EXPECT_EQ(floatsOf(mainDraw(3)->uniforms[2]), (std::vector<float>{0.145f, 0.137f, 0.141f, 1.0f}));
-    EXPECT_EQ(floatsOf(mainDraw(3)->uniforms[3]), std::vector<float>{2300.0f});
-    EXPECT_EQ(floatsOf(mainDraw(3)->uniforms[4]), std::vector<float>{2500.0f});
     EXPECT_EQ(textureOf(mainDraw(3)->uniforms[1]), t.texBuildingsDistant);
     EXPECT_EQ(textureOf(mainDraw(8)->uniforms[1]), t.texSky);
     EXPECT_EQ(textureOf(mainDraw(8)->uniforms[2]), t.texNoise);
@@ -275,9 +254,7 @@ TEST_F(Spirelight, UniformsByPositionAndTheirSharing) {
             EXPECT_NE(plane(i)->uniforms[0], plane(0)->uniforms[0]);
         }
     }
-    EXPECT_EQ(floatsOf(plane(0)->uniforms[1]), std::vector<float>{3.0f});
     EXPECT_EQ(textureOf(plane(0)->uniforms[2]), t.texDust);
-    EXPECT_EQ(floatsOf(plane(0)->uniforms[3]), (std::vector<float>{1.2f, 1.2f, 1.2f, 1.0f}));
 }
 
 TEST_F(Spirelight, PlacementsAtScaleHundred) {
