@@ -18,7 +18,7 @@ namespace {
 
 // The fonts as the repository ships them, found from this file's place in tests/host/clock/.
 QString fontsDirectory() {
-    return QFileInfo(QStringLiteral(__FILE__)).dir().filePath(QStringLiteral("../../../resources/fonts"));
+    return QStringLiteral(NIVALIS_SOURCE_DIR "/resources/fonts");
 }
 
 class ClockStyleTest : public ::testing::Test {
