@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "renderer/textures/AstcDecoder.h"
+#include "renderer/textures/LoadError.h"
 #include "renderer/textures/ResourceFile.h"
 
 namespace renderer {
@@ -24,9 +25,9 @@ AstcFile readNamed(const std::filesystem::path& directory, const std::string& na
     AstcFile file;
     file.bytes = textures::ResourceFile::read(directory, name, ".astc");
     if (file.bytes.empty()) {
-        throw std::runtime_error("Empty ASTC file " + name);
+        throw textures::LoadError(name + ".astc", "empty file", "Empty ASTC file " + name);
     }
-    file.info = AstcInfo::parse(file.bytes, name);
+    file.info = AstcInfo::read(file.bytes, name + ".astc");
     return file;
 }
 
@@ -129,6 +130,10 @@ textures::LoadedTexture AstcTexture::loadMipmapped(gl::Gl& gl, const std::string
                 result.height = file.info.height;
                 result.levels = mipCount + 1;
                 result.internalFormat = compressed ? format.glFormat : GL_RGBA8;
+            } else if (file.info.blockWidth != format.blockWidth || file.info.blockHeight != format.blockHeight) {
+                throw textures::LoadError(name + ".astc", "block size " + std::to_string(file.info.blockWidth) + "x" +
+                                                              std::to_string(file.info.blockHeight) +
+                                                              " differs from level 0's " + format.toString().substr(5));
             }
             const auto blocks = levelBlocks(file.blocks(), format, file.info.width, file.info.height,
                                             rowBytesRoundedUp(file.info), name);

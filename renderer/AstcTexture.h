@@ -25,9 +25,13 @@ namespace renderer {
 /// block width, as the asset generator makes them, both are the plain layout; otherwise the
 /// single-level rule reads each row one block short, overlapping the next.
 ///
-/// Every failure throws std::runtime_error (std::invalid_argument for a negative mip count):
-/// "File not found in bundle: " + name, "Cannot read resource " + name, an empty file, a header
-/// or block data cut short. The caller turns it into the "Cannot load texture" stop.
+/// Each file is checked whole before anything is allocated for it (AstcInfo::read): magic, block
+/// size, image size and a block count that fills the image exactly.
+///
+/// Every failure throws std::runtime_error (std::invalid_argument for a negative mip count),
+/// a textures::LoadError naming the file for anything wrong with a file: "File not found in
+/// bundle: " + name, "Cannot read resource " + name, an empty file, a header that fails its
+/// checks. The caller turns it into the "Cannot load texture" stop.
 class AstcTexture {
 public:
     /// Where ASTC blocks are decoded.

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "renderer/Fatal.h"
+#include "renderer/textures/LoadError.h"
 #include "renderer/textures/ResourceFile.h"
 
 namespace renderer {
@@ -102,11 +103,18 @@ std::string FullModel::verticesFileName() const { return path_ + "/" + filename_
 
 std::string FullModel::indicesFileName() const { return path_ + "/" + filename_ + "-indices.bin"; }
 
+std::string FullModel::verticesResourceName() const {
+    return resourcesRoot_.empty() ? verticesFileName() : resourcesRoot_ + "/" + verticesFileName();
+}
+
+std::string FullModel::indicesResourceName() const {
+    return resourcesRoot_.empty() ? indicesFileName() : resourcesRoot_ + "/" + indicesFileName();
+}
+
 FullModel::Data FullModel::read(const std::filesystem::path& resources) const {
-    const std::filesystem::path directory = resourcesRoot_.empty() ? resources : resources / resourcesRoot_;
     Data data;
-    data.vertices = textures::ResourceFile::read(directory, verticesFileName());
-    data.indices = textures::ResourceFile::read(directory, indicesFileName());
+    data.vertices = textures::ResourceFile::read(resources, verticesResourceName());
+    data.indices = textures::ResourceFile::read(resources, indicesResourceName());
     return data;
 }
 
@@ -130,6 +138,36 @@ void FullModel::upload(gl::Gl& gl, const Data& data) {
     }
     vertexLength_ = data.vertices.size();
     indexLength_ = data.indices.size();
+    highestIndex_ = highestIndex(data.indices);
+}
+
+unsigned FullModel::highestIndex(const std::vector<std::byte>& indices) {
+    unsigned highest = 0;
+    for (std::size_t i = 0; i + 1 < indices.size(); i += 2) {
+        const unsigned index = std::to_integer<unsigned>(indices[i]) | std::to_integer<unsigned>(indices[i + 1]) << 8;
+        highest = index > highest ? index : highest;
+    }
+    return highest;
+}
+
+void FullModel::checkLayout(std::size_t stride) const {
+    checkLayout(vertexLength_, indexLength_, highestIndex_, stride, verticesResourceName(), indicesResourceName());
+}
+
+void FullModel::checkLayout(std::size_t vertexLength, std::size_t indexLength, unsigned highestIndex,
+                            std::size_t stride, const std::string& verticesName, const std::string& indicesName) {
+    if (stride == 0 || vertexLength == 0) {
+        return;
+    }
+    if (vertexLength % stride != 0) {
+        throw textures::LoadError(verticesName, std::to_string(vertexLength) + " bytes are no whole number of " +
+                                                    std::to_string(stride) + "-byte vertices");
+    }
+    const std::size_t vertices = vertexLength / stride;
+    if (indexLength >= 2 && highestIndex >= vertices) {
+        throw textures::LoadError(indicesName, "index " + std::to_string(highestIndex) + " past " +
+                                                   std::to_string(vertices) + " vertices");
+    }
 }
 
 void FullModel::release(gl::Gl& gl) {
@@ -143,6 +181,7 @@ void FullModel::release(gl::Gl& gl) {
     indexBuffer_ = 0;
     vertexLength_ = 0;
     indexLength_ = 0;
+    highestIndex_ = 0;
 }
 
 } // namespace renderer

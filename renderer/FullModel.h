@@ -13,7 +13,8 @@ namespace renderer {
 /// says, and unsigned 16-bit indices. On disk a model is a pair of headerless little-endian files
 /// `<resourcesRoot>/<path>/<filename>-strides.bin` and `-indices.bin`; their bytes go to the GPU
 /// as they stand. Neither file holds a count: the index count follows from the index file's
-/// length, and the vertex count is never needed.
+/// length, and the vertex count from the vertex file's length and the stride of the draws,
+/// against which `checkLayout` holds the indices once, at load.
 class FullModel {
 public:
     /// The bytes of both files, as read from disk; an empty file gives an empty vector.
@@ -39,8 +40,14 @@ public:
     std::string verticesFileName() const;
     std::string indicesFileName() const;
 
-    /// Reads both files below `resources`/`resourcesRoot`. Throws std::runtime_error with
-    /// "File not found in bundle: " or "Cannot read resource " and the file name.
+    /// The same names as paths inside the resources, as messages show them:
+    /// "nivalis/models/sky-strides.bin" (no scene folder for the shared models).
+    std::string verticesResourceName() const;
+    std::string indicesResourceName() const;
+
+    /// Reads both files below `resources`/`resourcesRoot`. Throws textures::LoadError with
+    /// "File not found in bundle: " or "Cannot read resource " and the file's path inside the
+    /// resources.
     Data read(const std::filesystem::path& resources) const;
 
     /// Reads both files and uploads each into a new buffer, replacing (and deleting) the
@@ -51,6 +58,18 @@ public:
     void upload(gl::Gl& gl, const Data& data);
     /// Deletes both buffers, if any.
     void release(gl::Gl& gl);
+
+    /// Checks the loaded files against a vertex layout of `stride` bytes, as a draw state
+    /// declares it: the vertex file holds whole vertices, and every index names one of them.
+    /// Throws textures::LoadError naming the file ("index 65535 past 57046 vertices"). A model
+    /// without vertices (its draws read no vertex buffer) or without indices passes.
+    void checkLayout(std::size_t stride) const;
+    /// The same check on lengths alone, for data not loaded into a model.
+    static void checkLayout(std::size_t vertexLength, std::size_t indexLength, unsigned highestIndex,
+                            std::size_t stride, const std::string& verticesName, const std::string& indicesName);
+    /// The highest of the little-endian 16-bit indices in `indices` (a last odd byte ignored),
+    /// 0 when there are none.
+    static unsigned highestIndex(const std::vector<std::byte>& indices);
 
     /// GL name of the vertex buffer, 0 when the vertex file was empty or nothing is loaded.
     GLuint vertexBuffer() const { return vertexBuffer_; }
@@ -72,6 +91,7 @@ private:
     GLuint indexBuffer_ = 0;
     std::size_t vertexLength_ = 0;
     std::size_t indexLength_ = 0;
+    unsigned highestIndex_ = 0;
 };
 
 } // namespace renderer

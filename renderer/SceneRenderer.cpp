@@ -12,6 +12,7 @@
 #include "engine/commands/UniformIntValue.h"
 #include "engine/commands/UniformTextureValue.h"
 #include "renderer/Fatal.h"
+#include "renderer/ModelLayoutCheck.h"
 #include "renderer/HalfFloat.h"
 #include "renderer/SceneUtils.h"
 #include "renderer/ShaderLibrary.h"
@@ -150,6 +151,7 @@ void SceneRenderer::loadModels() {
         model.load(gl, options.resources);
         models.push_back(std::move(model));
     }
+    ModelLayoutCheck::run(scene->getCommands(), models);
 }
 
 void SceneRenderer::loadTextures() {
@@ -178,6 +180,7 @@ void SceneRenderer::loadTextures() {
 void SceneRenderer::loadVignette() {
     fmVignette.emplace(VignetteUtils::MODEL_NAME, "");
     fmVignette->load(gl, options.resources);
+    ModelLayoutCheck::check(*fmVignette, static_cast<std::size_t>(VignetteUtils::attributes()->stride()));
     const ShaderLibrary library = ShaderLibrary::openOrStop(options.resources);
     std::optional<ShaderFunctions> functions;
     try {

@@ -17,13 +17,21 @@ class Fp16Texture {
 public:
     Fp16Texture() = delete;
 
+    /// The largest width or height accepted, the common GPU texture limit.
+    static constexpr int MAX_SIZE = 16384;
+
     /// Bytes that a `width` by `height` image takes.
     static std::size_t byteSize(int width, int height);
+
+    /// Checks a file of `fileSize` bytes against the scene's size: std::invalid_argument for a
+    /// size outside 1 to MAX_SIZE, LoadError for an empty file or one shorter than the image.
+    static void check(std::size_t fileSize, int width, int height, const std::string& name);
 
     /// Loads `<directory>/<name>` (the name carries its own extension). Throws
     /// std::runtime_error with "File not found in bundle: " + `name` or
     /// "Cannot read resource " + `name`, and for an empty file or one shorter than the size
-    /// needs; std::invalid_argument for a size below 1. Bytes past the image are ignored.
+    /// needs (LoadError); std::invalid_argument for a size outside 1 to MAX_SIZE. Bytes past the
+    /// image are ignored.
     static LoadedTexture load(gl::Gl& gl, const std::string& name, const std::filesystem::path& directory,
                               int width, int height);
 };

@@ -4,6 +4,7 @@
 
 #include "renderer/Fatal.h"
 #include "renderer/textures/Fp16Texture.h"
+#include "renderer/textures/LoadError.h"
 #include "renderer/textures/WebpTexture.h"
 
 namespace renderer::textures {
@@ -27,14 +28,24 @@ std::optional<LoadedTexture> TextureFiles::tryLoad(gl::Gl& gl, const engine::Tex
     }
 }
 
+std::string TextureFiles::resourceName(const std::filesystem::path& directory, const std::string& file) {
+    std::string folder = directory.lexically_normal().string();
+    while (folder.size() > 1 && folder.ends_with('/')) {
+        folder.pop_back();
+    }
+    const std::filesystem::path textures(folder);
+    return (textures.parent_path().filename() / textures.filename() / file).string();
+}
+
 std::optional<LoadedTexture> TextureFiles::load(gl::Gl& gl, const engine::Texture& texture,
                                                 const std::filesystem::path& directory,
                                                 AstcTexture::Decoding decoding) {
     try {
         return tryLoad(gl, texture, directory, decoding);
-    } catch (const std::exception&) {
-        // The loader's own words are for a debugger; the stop names the texture.
-        Fatal::stop("Cannot load texture " + texture.fileName);
+    } catch (const LoadError& e) {
+        Fatal::stop("Cannot load texture " + resourceName(directory, e.file()) + ": " + e.reason());
+    } catch (const std::exception& e) {
+        Fatal::stop("Cannot load texture " + resourceName(directory, texture.fileName) + ": " + e.what());
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <string>
 
 #include "engine/Texture.h"
 #include "renderer/AstcTexture.h"
@@ -25,7 +26,9 @@ public:
 
     /// Loads the texture that `texture` describes from `directory` (the scene's
     /// `<resources>/<resourcesRoot>/textures`). Returns nothing for a format without a loader.
-    /// Any loader error stops the process with "Cannot load texture " + `fileName`.
+    /// Any loader error stops the process with "Cannot load texture ", the file's path inside
+    /// the resources and the reason: "Cannot load texture nivalis/textures/snow.astc: magic
+    /// 0x00000000 is not the ASTC magic".
     static std::optional<LoadedTexture> load(gl::Gl& gl, const engine::Texture& texture,
                                              const std::filesystem::path& directory,
                                              AstcTexture::Decoding decoding = AstcTexture::Decoding::AUTO);
@@ -34,6 +37,10 @@ public:
     static std::optional<LoadedTexture> tryLoad(gl::Gl& gl, const engine::Texture& texture,
                                                 const std::filesystem::path& directory,
                                                 AstcTexture::Decoding decoding = AstcTexture::Decoding::AUTO);
+
+    /// The path inside the resources of `file` in `directory`, a scene's texture folder:
+    /// "<resourcesRoot>/textures/<file>".
+    static std::string resourceName(const std::filesystem::path& directory, const std::string& file);
 };
 
 } // namespace renderer::textures

@@ -23,10 +23,14 @@ public:
         std::vector<std::uint8_t> rgba;
     };
 
+    /// The largest width or height accepted.
+    static constexpr int MAX_SIZE = 8192;
+
     WebpTexture() = delete;
 
-    /// Decodes a WebP file held in memory. Throws std::runtime_error with
-    /// "Cannot read texture " + `name` when it is no WebP image.
+    /// Decodes a WebP file held in memory. Throws LoadError with "Cannot read texture " + `name`
+    /// when it is no WebP image, its size is outside 1 to MAX_SIZE pixels each way (checked
+    /// before any pixel is allocated) or its data is cut short or corrupt.
     static Pixels decode(std::span<const std::byte> file, const std::string& name);
     /// Loads `<directory>/<name>` (the name carries its ".webp"). Throws std::runtime_error with
     /// "Texture file not found in bundle: " + `name` when it is absent and

@@ -116,12 +116,12 @@ TEST_F(SceneRendererTest, StartUpStopsOnWhatItCannotDo) {
 
     h.scene->meshes.push_back(std::make_shared<engine::Mesh>("ghost", nullptr));
     EXPECT_EQ(stopMessage([&] { h.makeRenderer(); }),
-              "Cannot create model buffers: File not found in bundle: models/ghost-strides.bin");
+              "Cannot create model buffers: File not found in bundle: scene/models/ghost-strides.bin");
     h.scene->meshes.clear();
 
     auto texture = h.addTexture("present");
     texture->fileName = "absent.rgba.fp16";
-    EXPECT_EQ(stopMessage([&] { h.makeRenderer(); }), "Cannot load texture absent.rgba.fp16");
+    EXPECT_EQ(stopMessage([&] { h.makeRenderer(); }), "Cannot load texture scene/textures/absent.rgba.fp16: file not found");
     h.scene->textures.clear();
 
     std::filesystem::remove_all(h.resources.path() / "shaders");

@@ -129,7 +129,7 @@ TEST_F(FullModelLoadTest, ReadReportsTheMissingFileByItsName) {
         FullModel("m", "r").read(resources.path());
         FAIL() << "no exception";
     } catch (const std::runtime_error& e) {
-        EXPECT_STREQ(e.what(), "File not found in bundle: models/m-indices.bin");
+        EXPECT_STREQ(e.what(), "File not found in bundle: r/models/m-indices.bin");
     }
     // A folder where the file should be is no file either.
     std::filesystem::create_directories(resources.path() / "r/models/d-strides.bin");
@@ -142,7 +142,7 @@ TEST_F(FullModelDeathTest, MissingFileStopsTheProcessWithTheModelMessage) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     FullModel model("a", "nivalis");
     EXPECT_EXIT(model.load(gl, resources.path()), ::testing::ExitedWithCode(1),
-                "^Fatal error: Cannot create model buffers: File not found in bundle: models/a-strides.bin\n$");
+                "^Fatal error: Cannot create model buffers: File not found in bundle: nivalis/models/a-strides.bin\n$");
 }
 
 } // namespace

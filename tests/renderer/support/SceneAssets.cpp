@@ -65,7 +65,9 @@ std::vector<std::byte> astcImage(int width, int height) {
 
 void SceneAssets::write(const engine::Scene& scene, const TestResources& resources, const std::string& root,
                         bool shaders) {
-    const std::vector<std::byte> vertices(64, std::byte{0});
+    // Whole vertices for every stride that is a multiple of 4 up to 32 bytes, as the loader
+    // checks each model against the strides of its draws.
+    const std::vector<std::byte> vertices(3360, std::byte{0});
     for (const auto& mesh : scene.meshes) {
         if (mesh) {
             resources.writeModel(root, mesh->fileName, vertices, {0, 1, 2});
