@@ -23,6 +23,12 @@ int ConfigCommand::run(const QStringList& arguments, Settings& settings, QTextSt
         err.flush();
         return 2;
     }
+    // A file that cannot be read is reported, never shown as defaults nor written over.
+    if (!settings.store().lastError().isEmpty()) {
+        err << settings.store().lastError() << '\n';
+        err.flush();
+        return 1;
+    }
     if (verb == QLatin1String("list")) {
         for (const SettingsKeyBase* key : settings.keys()) {
             out << key->name() << '=' << key->valueText();
@@ -48,6 +54,11 @@ int ConfigCommand::run(const QStringList& arguments, Settings& settings, QTextSt
         key->remove();
     } else if (!key->writeText(arguments.at(2))) {
         err << "Invalid value for " << name << " (" << key->typeName() << "): " << arguments.at(2) << '\n';
+        err.flush();
+        return 1;
+    }
+    if (!settings.store().lastError().isEmpty()) {
+        err << settings.store().lastError() << '\n';
         err.flush();
         return 1;
     }

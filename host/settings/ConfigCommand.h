@@ -18,8 +18,9 @@ class Settings;
 class ConfigCommand {
 public:
     /// Runs the command given by `arguments` (the words after "config") on `settings`. Results go
-    /// to `out`, messages to `err`. Returns the exit status: 0 on success, 1 for an unknown key or
-    /// an invalid value, 2 for a usage error.
+    /// to `out`, messages to `err`. Returns the exit status: 0 on success, 1 for an unknown key,
+    /// an invalid value, a settings file that cannot be read or a value that could not be saved
+    /// (the store's message names the file and the reason), 2 for a usage error.
     static int run(const QStringList& arguments, Settings& settings, QTextStream& out, QTextStream& err);
 
     /// The usage text printed on a usage error.

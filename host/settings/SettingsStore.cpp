@@ -6,12 +6,11 @@
 
 namespace host::settings {
 
-SettingsStore::SettingsStore(QString filePath, QObject* parent)
-    : QObject(parent), filePath_(std::move(filePath)),
-      settings_(std::make_unique<QSettings>(filePath_, QSettings::IniFormat)) {
-    for (const QString& name : settings_->childKeys()) {
-        known_.insert(name, settings_->value(name));
-    }
+SettingsStore::SettingsStore(QString filePath, QObject* parent) : QObject(parent), file_(std::move(filePath)) {
+    const SettingsFile::Contents contents = file_.read();
+    document_ = SettingsDocument(contents.text);
+    lastError_ = contents.error;
+    known_ = currentEntries();
     connect(&watcher_, &QFileSystemWatcher::fileChanged, this, &SettingsStore::reload);
     connect(&watcher_, &QFileSystemWatcher::directoryChanged, this, &SettingsStore::reload);
     rearmWatcher();
@@ -28,30 +27,27 @@ QString SettingsStore::defaultFilePath() {
 }
 
 QVariant SettingsStore::entry(const QString& name) const {
-    return settings_->value(name);
+    if (const auto pending = unsaved_.constFind(name); pending != unsaved_.cend()) {
+        return pending->has_value() ? QVariant(**pending) : QVariant();
+    }
+    const auto value = document_.value(name.toStdString());
+    return value ? QVariant(QString::fromStdString(*value)) : QVariant();
 }
 
 bool SettingsStore::contains(const QString& name) const {
-    return settings_->contains(name);
+    return entry(name).isValid();
 }
 
-void SettingsStore::setEntry(const QString& name, const QString& value) {
-    QDir().mkpath(QFileInfo(filePath_).absolutePath());
-    settings_->setValue(name, value);
-    settings_->sync();
-    rearmWatcher();
-    announceDifferences();
+bool SettingsStore::setEntry(const QString& name, const QString& value) {
+    return save(name, value);
 }
 
-void SettingsStore::removeEntry(const QString& name) {
-    settings_->remove(name);
-    settings_->sync();
-    rearmWatcher();
-    announceDifferences();
+bool SettingsStore::removeEntry(const QString& name) {
+    return save(name, std::nullopt);
 }
 
 QStringList SettingsStore::names() const {
-    QStringList names = settings_->childKeys();
+    QStringList names = currentEntries().keys();
     names.sort();
     return names;
 }
@@ -59,8 +55,61 @@ QStringList SettingsStore::names() const {
 void SettingsStore::reload() {
     // A replaced file (written elsewhere through a rename) drops out of the watcher: arm it again.
     rearmWatcher();
-    settings_->sync();
+    const SettingsFile::Contents contents = file_.read();
+    document_ = SettingsDocument(contents.text);
+    if (!contents.error.isEmpty() && contents.error != lastError_) {
+        setError(contents.error);
+    }
     announceDifferences();
+}
+
+bool SettingsStore::save(const QString& name, const std::optional<QString>& value) {
+    unsaved_.insert(name, value);
+    // Everything unsaved goes with this write, so that a write that succeeds after a failed one
+    // saves both.
+    const auto pending = unsaved_;
+    std::string written;
+    const QString problem = file_.update(
+        [&pending](SettingsDocument& document) {
+            for (auto it = pending.cbegin(); it != pending.cend(); ++it) {
+                if (it.value()) {
+                    document.set(it.key().toStdString(), it.value()->toStdString());
+                } else {
+                    document.remove(it.key().toStdString());
+                }
+            }
+        },
+        written);
+    if (problem.isEmpty()) {
+        unsaved_.clear();
+        document_ = SettingsDocument(written);
+        lastError_.clear();
+    } else {
+        setError(problem);
+    }
+    rearmWatcher();
+    announceDifferences();
+    return problem.isEmpty();
+}
+
+void SettingsStore::setError(const QString& message) {
+    lastError_ = message;
+    emit failed(message);
+}
+
+QHash<QString, QString> SettingsStore::currentEntries() const {
+    QHash<QString, QString> entries;
+    for (const std::string& key : document_.keys()) {
+        entries.insert(QString::fromStdString(key), QString::fromStdString(*document_.value(key)));
+    }
+    for (auto it = unsaved_.cbegin(); it != unsaved_.cend(); ++it) {
+        if (it.value()) {
+            entries.insert(it.key(), *it.value());
+        } else {
+            entries.remove(it.key());
+        }
+    }
+    return entries;
 }
 
 void SettingsStore::rearmWatcher() {
@@ -68,12 +117,12 @@ void SettingsStore::rearmWatcher() {
     // replacement by rename and removal are all seen. Folders that do not exist yet are
     // replaced by their nearest existing ancestor.
     QStringList wanted;
-    QFileInfo file(filePath_);
-    if (file.exists()) {
+    QFileInfo file(filePath());
+    if (file.isFile()) {
         wanted << file.absoluteFilePath();
     }
     QDir dir = file.absoluteDir();
-    while (!dir.exists() && !dir.isRoot()) {
+    while (!QFileInfo(dir.absolutePath()).isDir() && !dir.isRoot()) {
         dir = QDir(QFileInfo(dir.absolutePath()).absolutePath());
     }
     wanted << dir.absolutePath();
@@ -91,10 +140,7 @@ void SettingsStore::rearmWatcher() {
 }
 
 void SettingsStore::announceDifferences() {
-    QHash<QString, QVariant> now;
-    for (const QString& name : settings_->childKeys()) {
-        now.insert(name, settings_->value(name));
-    }
+    QHash<QString, QString> now = currentEntries();
     QStringList changed;
     for (auto it = now.cbegin(); it != now.cend(); ++it) {
         auto before = known_.constFind(it.key());

@@ -12,6 +12,7 @@
 #include <QFormLayout>
 #include <QFrame>
 #include <QIcon>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 #include <QSignalBlocker>
@@ -93,6 +94,20 @@ SettingsWindow::SettingsWindow(settings::Settings& settings, system::LaunchAtLog
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(tabs_);
+    // A value that could not be saved stays in force for the session; the reason shows here
+    // once, in place, until a later write succeeds.
+    fileProblem_ = new QLabel;
+    fileProblem_->setObjectName(QStringLiteral("settingsFileProblem"));
+    fileProblem_->setWordWrap(true);
+    fileProblem_->setFixedWidth(kWidth);
+    layout->addWidget(fileProblem_);
+    const auto showFileProblem = [this] {
+        fileProblem_->setText(settings_.store().lastError());
+        fileProblem_->setVisible(!fileProblem_->text().isEmpty());
+    };
+    connect(&settings_.store(), &settings::SettingsStore::failed, this, showFileProblem);
+    connect(&settings_.store(), &settings::SettingsStore::entryChanged, this, showFileProblem);
+    showFileProblem();
     // The window takes the size of its content on both axes: of the tab shown, not of the
     // tallest one.
     layout->setSizeConstraint(QLayout::SetFixedSize);

@@ -8,6 +8,7 @@
 
 class QCheckBox;
 class QFormLayout;
+class QLabel;
 class QMessageBox;
 class QTabWidget;
 
@@ -60,6 +61,8 @@ private:
     system::LaunchAtLogin* launchAtLogin_;
     QTabWidget* tabs_ = nullptr;
     QMessageBox* alert_ = nullptr;
+    /// Why the settings file could not be read or saved, under the tabs while it is so.
+    QLabel* fileProblem_ = nullptr;
     std::vector<settings::Subscription> bindings_;
 };
 
