@@ -150,7 +150,7 @@ TEST_F(RenderGlTest, MissingResourcesExitWithAMessage) {
     run = render("--resources " + partial.string() + " --out " + out("z.png"));
     EXPECT_EQ(run.status, 1);
     EXPECT_NE(run.output.find("Fatal error: Cannot create model buffers: File not found in bundle: "
-                              "models/sun-strides.bin"),
+                              "nivalis/models/sun-strides.bin"),
               std::string::npos)
         << run.output;
 }
