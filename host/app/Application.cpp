@@ -9,6 +9,7 @@
 #include "host/system/LaunchAtLogin.h"
 #include "host/system/SingleInstance.h"
 #include "host/system/UPowerSourceWatcher.h"
+#include "host/ui/WindowKeys.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -84,6 +85,7 @@ int Application::run(int argc, char** argv, const Parts& parts) {
     if (parts.showSettings) {
         QObject::connect(&state, &AppState::settingsRequested, &state,
                          [&] { parts.showSettings(settings, launchAtLogin); });
+        ui::WindowKeys::setOpenSettings([&] { parts.showSettings(settings, launchAtLogin); });
     }
     if (parts.showAbout) {
         QObject::connect(&state, &AppState::aboutRequested, &state, [&] { parts.showAbout(); });
