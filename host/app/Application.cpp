@@ -62,7 +62,7 @@ int Application::run(int argc, char** argv, const Parts& parts) {
     QApplication app(argc, argv);
     nameApplication();
     QGuiApplication::setApplicationDisplayName(displayName());
-    QGuiApplication::setDesktopFileName(QStringLiteral("nivalis"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("io.github.nivalis.Nivalis"));
     // The program lives in the tray: closing the settings or About window leaves it running.
     QApplication::setQuitOnLastWindowClosed(false);
 

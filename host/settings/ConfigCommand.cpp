@@ -23,8 +23,20 @@ QString ConfigCommand::help(const Settings& settings) {
                                  "  unset    remove the setting, so that its default applies\n"
                                  "\n"
                                  "Settings and the values they accept:\n");
+    // Each key with its values, the values wrapped at 80 columns below their first line.
+    constexpr int kIndent = 30;
     for (const SettingsKeyBase* key : settings.keys()) {
-        text += QStringLiteral("  %1  %2\n").arg(key->name(), -26).arg(key->rule().description());
+        QString line = QStringLiteral("  %1  ").arg(key->name(), -26);
+        for (const QString& word : key->rule().description().split(QLatin1Char(' '))) {
+            if (line.size() > kIndent && line.size() + word.size() > 80) {
+                line.chop(1);
+                text += line + QLatin1Char('\n');
+                line = QString(kIndent, QLatin1Char(' '));
+            }
+            line += word + QLatin1Char(' ');
+        }
+        line.chop(1);
+        text += line + QLatin1Char('\n');
     }
     return text + QStringLiteral("\nThe file is $XDG_CONFIG_HOME/nivalis/nivalis.conf (~/.config by default).\n");
 }

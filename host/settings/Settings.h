@@ -52,7 +52,7 @@ public:
     /// The monitor the wallpaper is shown on (its Display UUID); absent: the primary screen.
     const SettingsKey<std::optional<QUuid>> display{
         store_, QStringLiteral("display"), std::nullopt,
-        ValueRule::anyOfType(QStringLiteral("a monitor's UUID, as the settings window stores it"))};
+        ValueRule::anyOfType(QStringLiteral("a monitor's UUID, as the Settings window stores it"))};
     /// Consulted by the tray menu only: while locked, hides the Enable/Disable item.
     const SettingsKey<bool> deactivateOnBattery{store_, QStringLiteral("deactivateOnBattery"), false, boolean()};
     /// The window is on every workspace.

@@ -115,7 +115,7 @@ TEST_F(ConfigCommandTest, ValuesTheSettingsWindowCannotProduceAreRefused) {
         {"clockFont", {"Comic", "baloo", "Carbon", "Virgo"}, fonts},
         {"sceneTime", {"noon", "Day", "sunrise", ""}, QStringLiteral("auto, day, night, dusk or dawn")},
         {"scene", {"Nivalis", "desert", ""}, QStringLiteral("nivalis, spirelight, betonia or example")},
-        {"display", {"garbage", "1234", ""}, QStringLiteral("a monitor's UUID, as the settings window stores it")},
+        {"display", {"garbage", "1234", ""}, QStringLiteral("a monitor's UUID, as the Settings window stores it")},
         {"clockEnabled", {"yes", "2", ""}, QStringLiteral("true or false")},
     };
     for (const auto& c : cases) {
