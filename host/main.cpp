@@ -1,13 +1,18 @@
 // The nivalis program: the application wires itself; the desktop part supplies what it shows.
 #include "host/app/Application.h"
+#include "host/app/CommandLine.h"
 #include "host/ui/AboutWindow.h"
 #include "host/ui/SettingsWindow.h"
 #include "host/view/WallpaperView.h"
 #include "host/window/DesktopWallpaper.h"
 
+#include <iostream>
 #include <memory>
 
 int main(int argc, char** argv) {
+    if (auto status = host::app::CommandLine::answer(argc, argv, std::cout, std::cerr)) {
+        return *status;
+    }
     host::app::Application::Parts parts;
     parts.makeOutput = [](host::settings::Settings& settings, host::system::SystemEvents& events) {
         return std::make_unique<host::window::DesktopWallpaper>(settings, events);

@@ -9,6 +9,7 @@
 #include "host/system/LaunchAtLogin.h"
 #include "host/system/SingleInstance.h"
 #include "host/system/UPowerSourceWatcher.h"
+#include "host/ui/WindowKeys.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -61,7 +62,7 @@ int Application::run(int argc, char** argv, const Parts& parts) {
     QApplication app(argc, argv);
     nameApplication();
     QGuiApplication::setApplicationDisplayName(displayName());
-    QGuiApplication::setDesktopFileName(QStringLiteral("nivalis"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("io.github.nivalis.Nivalis"));
     // The program lives in the tray: closing the settings or About window leaves it running.
     QApplication::setQuitOnLastWindowClosed(false);
 
@@ -84,6 +85,7 @@ int Application::run(int argc, char** argv, const Parts& parts) {
     if (parts.showSettings) {
         QObject::connect(&state, &AppState::settingsRequested, &state,
                          [&] { parts.showSettings(settings, launchAtLogin); });
+        ui::WindowKeys::setOpenSettings([&] { parts.showSettings(settings, launchAtLogin); });
     }
     if (parts.showAbout) {
         QObject::connect(&state, &AppState::aboutRequested, &state, [&] { parts.showAbout(); });

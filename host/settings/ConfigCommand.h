@@ -11,8 +11,9 @@ class Settings;
 ///
 ///   nivalis config list              every key as "name=value", " (default)" after unset ones
 ///   nivalis config get NAME          the value in force
-///   nivalis config set NAME VALUE    checks VALUE against the key's type, then stores it
+///   nivalis config set NAME VALUE    stores VALUE when the key's ValueRule accepts it
 ///   nivalis config unset NAME        removes the entry, so that the default applies
+///   nivalis config --help            the usage, and every key with the values it accepts
 ///
 /// A running wallpaper sees each change at once through its file watcher.
 class ConfigCommand {
@@ -25,6 +26,10 @@ public:
 
     /// The usage text printed on a usage error.
     static QString usage();
+
+    /// The text of `nivalis config --help`: the usage, what each verb does, and each key of
+    /// `settings` with the values it accepts.
+    static QString help(const Settings& settings);
 };
 
 } // namespace host::settings

@@ -1,12 +1,30 @@
 #include "host/settings/Settings.h"
 
+#include "host/clock/ClockChoices.h"
+
 namespace host::settings {
 
 Settings::Settings(const QString& filePath)
     : store_(filePath),
       keys_{&hideMenuBarIcon, &display, &deactivateOnBattery, &showOnAllSpaces, &bringBrowsingModeToFront,
             &muteAudio, &extendVeilBelowMenuBar, &fps, &lowPowerMode, &batteryMode, &sceneVignette,
-            &sceneSpeed, &sceneTime, &clockFont, &clockFormat, &clockEnabled, &clockOpacity, &clockSize} {}
+            &sceneSpeed, &sceneTime, &clockFont, &clockFormat, &clockEnabled, &clockOpacity, &clockSize, &scene} {}
+
+QStringList Settings::clockFormatChoices() {
+    QStringList texts;
+    for (const auto& format : clock::ClockChoices::formats()) {
+        texts << QString::fromLatin1(format.pattern);
+    }
+    return texts;
+}
+
+QStringList Settings::clockFontChoices() {
+    QStringList texts;
+    for (const auto& font : clock::ClockChoices::fonts()) {
+        texts << QString::fromLatin1(font.name);
+    }
+    return texts;
+}
 
 const SettingsKeyBase* Settings::find(const QString& name) const {
     for (const SettingsKeyBase* key : keys_) {

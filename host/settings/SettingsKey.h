@@ -6,6 +6,7 @@
 #include "host/settings/SettingsKeyBase.h"
 #include "host/settings/SettingsStore.h"
 #include "host/settings/Subscription.h"
+#include "host/settings/ValueRule.h"
 
 #include <functional>
 #include <memory>
@@ -25,7 +26,8 @@ struct IsOptional<std::optional<U>> : std::true_type {};
 /// A typed settings key: a name in the store, a value type and a default.
 ///
 /// Reads give the stored value, or the default when there is no entry or the entry cannot be
-/// decoded. The default lives in memory only: reading never writes. Writing an absent optional
+/// decoded. A decoded value outside the key's ValueRule reads as the nearest valid number of a
+/// range, or as the default; the entry itself is left as it is. The default lives in memory only: reading never writes. Writing an absent optional
 /// removes the entry. Subscribers are told of every change of the entry, made in this process
 /// or by another one; a handler runs on the thread of the store (the main thread).
 template <typename T>
@@ -35,8 +37,10 @@ public:
     using Codec = SettingsCodec<T>;
     using Handler = std::function<void(const KeyChange<T>&)>;
 
-    SettingsKey(SettingsStore& store, QString name, T defaultValue)
-        : store_(&store), name_(std::move(name)), default_(std::move(defaultValue)) {}
+    /// A key named `name` in `store`, read as `defaultValue` while it has no valid entry, and
+    /// holding only values that `rule` accepts.
+    SettingsKey(SettingsStore& store, QString name, T defaultValue, ValueRule rule)
+        : store_(&store), name_(std::move(name)), default_(std::move(defaultValue)), rule_(std::move(rule)) {}
 
     /// The value in force.
     T read() const { return decodeEntry(store_->entry(name_)); }
@@ -84,9 +88,10 @@ public:
     bool hasEntry() const override { return store_->contains(name_); }
     QString valueText() const override { return Codec::encode(read()); }
     QString defaultText() const override { return Codec::encode(default_); }
+    const ValueRule& rule() const override { return rule_; }
     bool writeText(const QString& text) const override {
         auto decoded = Codec::decode(QVariant(text));
-        if (!decoded) {
+        if (!decoded || !rule_.accepts(Codec::encode(*decoded))) {
             return false;
         }
         write(*decoded);
@@ -100,12 +105,24 @@ private:
             return default_;
         }
         auto decoded = Codec::decode(entry);
-        return decoded ? std::move(*decoded) : default_;
+        if (!decoded) {
+            return default_;
+        }
+        if (rule_.accepts(Codec::encode(*decoded))) {
+            return std::move(*decoded);
+        }
+        if constexpr (std::is_arithmetic_v<T> && !std::is_same_v<T, bool>) {
+            if (rule_.isRange()) {
+                return static_cast<T>(rule_.nearest(static_cast<double>(*decoded)));
+            }
+        }
+        return default_;
     }
 
     SettingsStore* store_;
     QString name_;
     T default_;
+    ValueRule rule_;
 };
 
 } // namespace host::settings

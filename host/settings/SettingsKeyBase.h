@@ -7,6 +7,7 @@
 namespace host::settings {
 
 class SettingsStore;
+class ValueRule;
 
 /// The type-independent face of a settings key, for code that handles keys by name (the
 /// `nivalis config` command).
@@ -25,8 +26,10 @@ public:
     virtual QString valueText() const = 0;
     /// Canonical text of the default; empty for an absent optional.
     virtual QString defaultText() const = 0;
-    /// Decodes `text` as this key's type and, when valid, writes it. Returns false, writing
-    /// nothing, for text that is not a value of the type.
+    /// The values the key may hold.
+    virtual const ValueRule& rule() const = 0;
+    /// Decodes `text` as this key's type and, when it is a value the rule accepts, writes it.
+    /// Returns false, writing nothing, otherwise.
     virtual bool writeText(const QString& text) const = 0;
     /// Removes the entry, so that reads give the default.
     virtual void remove() const = 0;

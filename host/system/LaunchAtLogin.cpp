@@ -32,7 +32,7 @@ QString execQuoted(const QString& path) {
 }
 
 void logFailure(const char* verb, const QString& reason) {
-    std::fprintf(stderr, "Failed to %s launch at login: %s\n", verb, reason.toLocal8Bit().constData());
+    std::fprintf(stderr, "Failed to %s start at login: %s\n", verb, reason.toLocal8Bit().constData());
     std::fflush(stderr);
 }
 

@@ -5,11 +5,11 @@
 
 namespace host::system {
 
-/// The "Launch at login" switch: an XDG autostart entry for this program.
+/// The "Start at login" switch: an XDG autostart entry for this program.
 ///
 /// The state lives in the file system, not in the settings: the switch is on exactly when the
 /// entry exists and is not marked hidden. A failure to write or remove the entry is logged on
-/// standard error as "Failed to enable launch at login: <reason>" (or "disable"), and the switch
+/// standard error as "Failed to enable start at login: <reason>" (or "disable"), and the switch
 /// then reports the state that the file system shows.
 class LaunchAtLogin : public QObject {
     Q_OBJECT

@@ -1,5 +1,6 @@
 #include "host/ui/AboutWindow.h"
 
+#include "host/ui/WindowKeys.h"
 #include "host/view/Resources.h"
 
 #include <QCoreApplication>
@@ -36,6 +37,7 @@ void creditRow(QVBoxLayout* credits, const QString& leadIn, const QString& linkT
 } // namespace
 
 AboutWindow::AboutWindow(QWidget* parent) : QWidget(parent, Qt::Window) {
+    WindowKeys::install(this);
     setObjectName(QStringLiteral("about"));
     setWindowTitle(QStringLiteral("About"));
     const QString resources = view::Resources::directory();

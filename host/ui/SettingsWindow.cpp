@@ -6,6 +6,7 @@
 #include "host/ui/DisplayPicker.h"
 #include "host/ui/KeyBinding.h"
 #include "host/ui/SettingsTab.h"
+#include "host/ui/WindowKeys.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -21,6 +22,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cmath>
 
 namespace host::ui {
 
@@ -28,8 +30,7 @@ namespace {
 
 constexpr int kWidth = 480;
 
-// Slider positions per unit of each number key.
-constexpr double kSpeedScale = 4.0;      // steps of 0.25
+// Slider positions per unit of the continuous number keys (the speed moves in its key's steps).
 constexpr double kOpacityScale = 1000.0; // continuous to the eye
 constexpr double kSizeScale = 10.0;
 
@@ -50,10 +51,12 @@ QVBoxLayout* page(QWidget* widget) {
     return layout;
 }
 
-QSlider* slider(const QString& name, double from, double until, double scale) {
+// A slider over the range of `key`'s rule, `scale` positions per unit.
+QSlider* slider(const settings::SettingsKeyBase& key, double scale) {
     auto* s = new QSlider(Qt::Horizontal);
-    s->setObjectName(name);
-    s->setRange(static_cast<int>(from * scale), static_cast<int>(until * scale));
+    s->setObjectName(key.name());
+    s->setRange(static_cast<int>(std::lround(key.rule().minimum() * scale)),
+                static_cast<int>(std::lround(key.rule().maximum() * scale)));
     s->setSingleStep(1);
     s->setPageStep(1);
     return s;
@@ -84,6 +87,7 @@ SettingsWindow::SettingsWindow(settings::Settings& settings, system::LaunchAtLog
     : QWidget(parent, Qt::Window | Qt::WindowStaysOnTopHint), settings_(settings), launchAtLogin_(launchAtLogin) {
     setObjectName(QStringLiteral("settingsWindow"));
     setWindowTitle(QStringLiteral("Settings"));
+    WindowKeys::install(this);
     tabs_ = new FittingTabs;
     tabs_->setObjectName(QStringLiteral("tabs"));
     tabs_->addTab(makeGeneral(), QIcon::fromTheme(iconNameOf(SettingsTab::General)), titleOf(SettingsTab::General));
@@ -147,7 +151,7 @@ QWidget* SettingsWindow::makeGeneral() {
     QVBoxLayout* layout = page(widget);
 
     QFormLayout* login = section(layout);
-    QCheckBox* launch = toggle(login, QStringLiteral("Launch at login"), QStringLiteral("launchAtLogin"));
+    QCheckBox* launch = toggle(login, QStringLiteral("Start at login"), QStringLiteral("launchAtLogin"));
     if (launchAtLogin_ != nullptr) {
         launch->setChecked(launchAtLogin_->isEnabled());
         connect(launch, &QCheckBox::toggled, launchAtLogin_, [this, launch](bool on) {
@@ -167,8 +171,8 @@ QWidget* SettingsWindow::makeGeneral() {
     QFormLayout* rate = section(layout);
     auto* fps = new QComboBox;
     fps->setObjectName(QStringLiteral("fps"));
-    for (int value : {20, 30, 60}) {
-        fps->addItem(QString::number(value), value);
+    for (const QString& value : settings_.fps.rule().choices()) {
+        fps->addItem(value, value.toInt());
     }
     rate->addRow(QStringLiteral("Frames per second"), fps);
     bindings_.push_back(KeyBinding::picker(fps, settings_.fps));
@@ -176,18 +180,18 @@ QWidget* SettingsWindow::makeGeneral() {
         toggle(rate, QStringLiteral("Limit FPS on battery"), QStringLiteral("limitFpsOnBattery")),
         settings_.lowPowerMode));
     bindings_.push_back(KeyBinding::toggle(
-        toggle(rate, QStringLiteral("Minimal FPS in Low Power mode"), QStringLiteral("minimalFpsInLowPowerMode")),
+        toggle(rate, QStringLiteral("Minimal FPS in power saver mode"), QStringLiteral("minimalFpsInLowPowerMode")),
         settings_.lowPowerMode));
 
     QFormLayout* place = section(layout);
     place->addRow(QStringLiteral("Show on"), new DisplayPicker(settings_));
     bindings_.push_back(KeyBinding::toggle(
-        toggle(place, QStringLiteral("Show on all spaces"), QStringLiteral("showOnAllSpaces")),
+        toggle(place, QStringLiteral("Show on all workspaces"), QStringLiteral("showOnAllSpaces")),
         settings_.showOnAllSpaces));
 
     QFormLayout* icon = section(layout);
     bindings_.push_back(KeyBinding::toggle(
-        toggle(icon, QStringLiteral("Hide menu bar icon"), QStringLiteral("hideMenuBarIcon")),
+        toggle(icon, QStringLiteral("Hide tray icon"), QStringLiteral("hideMenuBarIcon")),
         settings_.hideMenuBarIcon, [this](bool on) {
             if (on) {
                 showHideIconAlert();
@@ -207,12 +211,13 @@ QWidget* SettingsWindow::makeScene() {
     vignette->setToolTip(QStringLiteral("Photographic vignette in the corners of scene"));
     bindings_.push_back(KeyBinding::toggle(vignette, settings_.sceneVignette));
 
-    QSlider* speed = slider(QStringLiteral("sceneSpeed"), 0.5, 3.0, kSpeedScale);
+    const double speedScale = 1.0 / settings_.sceneSpeed.rule().step();
+    QSlider* speed = slider(settings_.sceneSpeed, speedScale);
     speed->setToolTip(QStringLiteral("Camera movement - larger value is slower"));
     speed->setTickPosition(QSlider::TicksBelow);
     speed->setTickInterval(1);
     form->addRow(QStringLiteral("Movement Speed"), speed);
-    bindings_.push_back(KeyBinding::slider(speed, settings_.sceneSpeed, kSpeedScale));
+    bindings_.push_back(KeyBinding::slider(speed, settings_.sceneSpeed, speedScale));
 
     auto* time = new QComboBox;
     time->setObjectName(QStringLiteral("sceneTime"));
@@ -252,11 +257,11 @@ QWidget* SettingsWindow::makeClock() {
     form->addRow(QStringLiteral("Time format"), format);
     bindings_.push_back(KeyBinding::picker(format, settings_.clockFormat));
 
-    QSlider* opacity = slider(QStringLiteral("clockOpacity"), 0.1, 1.0, kOpacityScale);
+    QSlider* opacity = slider(settings_.clockOpacity, kOpacityScale);
     form->addRow(QStringLiteral("Opacity"), opacity);
     bindings_.push_back(KeyBinding::slider(opacity, settings_.clockOpacity, kOpacityScale));
 
-    QSlider* size = slider(QStringLiteral("clockSize"), 150.0, 350.0, kSizeScale);
+    QSlider* size = slider(settings_.clockSize, kSizeScale);
     form->addRow(QStringLiteral("Size"), size);
     bindings_.push_back(KeyBinding::slider(size, settings_.clockSize, kSizeScale));
     layout->addStretch();

@@ -34,9 +34,9 @@ class SettingsWindow : public QWidget {
 public:
     /// The text of the alert shown when the tray icon is set to hide.
     static constexpr const char* kHideIconAlert =
-        "If you need to access the app menu, launch the app again to reveal the menu bar icon for 5 seconds.";
+        "If you need to access the app menu, launch the app again to reveal the tray icon for 5 seconds.";
 
-    /// A window over `settings`; `launchAtLogin` backs the "Launch at login" switch (disabled
+    /// A window over `settings`; `launchAtLogin` backs the "Start at login" switch (disabled
     /// when null). Both must outlive the window.
     SettingsWindow(settings::Settings& settings, system::LaunchAtLogin* launchAtLogin, QWidget* parent = nullptr);
     ~SettingsWindow() override;

@@ -7,6 +7,10 @@ a few stars, snow-capped mountains and a dark sea, on a rounded square. The tray
 (MenuBarIcon.png) is the same mountains and moon as a light silhouette with a dark rim,
 so that it reads on dark and light panels alike.
 
+The installed icon theme gets the same picture as a scalable SVG drawn from the same
+shapes (hicolor/scalable/apps/io.github.nivalis.Nivalis.svg) and as PNGs at the usual
+theme sizes (hicolor/<n>x<n>/apps/io.github.nivalis.Nivalis.png).
+
 Run it from this folder: python3 draw_icons.py
 """
 
@@ -142,7 +146,71 @@ def tray_sample_for(size):
     return sample
 
 
+APP_ID = "io.github.nivalis.Nivalis"
+THEME_SIZES = (16, 24, 32, 48, 64, 128, 256, 512)
+
+
+def svg_points(poly):
+    return " ".join("%g,%g" % (x * 256, y * 256) for x, y in poly)
+
+
+def app_svg():
+    """The application icon as SVG in a 256-unit box: the shapes of app_colour, drawn as vectors."""
+    def rgb(c):
+        return "#%02x%02x%02x" % tuple(round(v * 255) for v in c[:3])
+
+    mx, my, mr = MOON
+    hx, hy, hr = MOON_SHADOW
+    # The line that splits the near peak into its lit and its shaded side: x = 0.5 + (y - 0.28) / 4.
+    lit_side = [(0.0, 0.0), (0.5 - 0.07, 0.0), (0.5 + 0.18, 1.0), (0.0, 1.0)]
+    stars = "".join('<circle cx="%g" cy="%g" r="%g" fill="#fffff2"/>' % (x * 256, y * 256, r * 256)
+                    for x, y, r in STARS)
+    return f"""<svg xmlns="http://www.w3.org/2000/svg" width="256" height="256" viewBox="0 0 256 256">
+<defs>
+<linearGradient id="sky" x1="0" y1="0" x2="0" y2="204.8" gradientUnits="userSpaceOnUse">
+<stop offset="0" stop-color="{rgb((0.04, 0.07, 0.20))}"/><stop offset="1" stop-color="{rgb((0.10, 0.38, 0.50))}"/>
+</linearGradient>
+<linearGradient id="ridge" x1="0" y1="102.4" x2="0" y2="204.8" gradientUnits="userSpaceOnUse">
+<stop offset="0" stop-color="{rgb((0.36, 0.48, 0.62))}"/><stop offset="1" stop-color="{rgb((0.22, 0.30, 0.44))}"/>
+</linearGradient>
+<linearGradient id="sea" x1="0" y1="204.8" x2="0" y2="256" gradientUnits="userSpaceOnUse">
+<stop offset="0" stop-color="{rgb((0.05, 0.16, 0.28))}"/><stop offset="1" stop-color="{rgb((0.02, 0.08, 0.16))}"/>
+</linearGradient>
+<clipPath id="square"><rect width="256" height="256" rx="{0.18 * 256:g}"/></clipPath>
+<clipPath id="peak"><polygon points="{svg_points(NEAR_PEAK)}"/></clipPath>
+<clipPath id="snow"><polygon points="{svg_points(SNOW)}"/></clipPath>
+<clipPath id="lit"><polygon points="{svg_points(lit_side)}"/></clipPath>
+<mask id="crescent"><rect width="256" height="256" fill="#fff"/><circle cx="{hx * 256:g}" cy="{hy * 256:g}" r="{hr * 256:g}" fill="#000"/></mask>
+</defs>
+<g clip-path="url(#square)">
+<rect width="256" height="256" fill="url(#sky)"/>
+{stars}
+<circle cx="{mx * 256:g}" cy="{my * 256:g}" r="{mr * 256:g}" fill="{rgb((0.98, 0.95, 0.80))}" mask="url(#crescent)"/>
+<polygon points="{svg_points(FAR_RIDGE)}" fill="url(#ridge)"/>
+<g clip-path="url(#peak)">
+<rect width="256" height="256" fill="{rgb((0.20, 0.26, 0.36))}"/>
+<rect width="256" height="256" fill="{rgb((0.32, 0.40, 0.52))}" clip-path="url(#lit)"/>
+<g clip-path="url(#snow)">
+<rect width="256" height="256" fill="{rgb((0.74, 0.82, 0.92))}"/>
+<rect width="256" height="256" fill="{rgb((0.97, 0.98, 1.0))}" clip-path="url(#lit)"/>
+</g>
+</g>
+<rect y="204.8" width="256" height="51.2" fill="url(#sea)"/>
+</g>
+</svg>
+"""
+
+
 if __name__ == "__main__":
+    import os
+
+    os.makedirs("hicolor/scalable/apps", exist_ok=True)
+    with open("hicolor/scalable/apps/%s.svg" % APP_ID, "w") as f:
+        f.write(app_svg())
+    for size in THEME_SIZES:
+        folder = "hicolor/%dx%d/apps" % (size, size)
+        os.makedirs(folder, exist_ok=True)
+        png("%s/%s.png" % (folder, APP_ID), size, size, render(size, app_colour))
     app = render(256, app_colour)
     png("AboutIcon.png", 256, 256, app)
     png("nivalis.png", 256, 256, app)

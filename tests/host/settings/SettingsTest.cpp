@@ -81,7 +81,7 @@ TEST_F(SettingsTest, KeyTableNamesAndOrder) {
     EXPECT_EQ(names, (QStringList{"hideMenuBarIcon", "display", "deactivateOnBattery", "showOnAllSpaces",
                                   "bringBrowsingModeToFront", "muteAudio", "extendVeilBelowMenuBar", "fps",
                                   "lowPowerMode", "batteryMode", "sceneVignette", "sceneSpeed", "sceneTime",
-                                  "clockFont", "clockFormat", "clockEnabled", "clockOpacity", "clockSize"}));
+                                  "clockFont", "clockFormat", "clockEnabled", "clockOpacity", "clockSize", "scene"}));
     EXPECT_EQ(settings->find(QStringLiteral("clockSize")), &settings->clockSize);
     EXPECT_EQ(settings->find(QStringLiteral("ClockSize")), nullptr);
 }
@@ -167,9 +167,35 @@ TEST_F(SettingsTest, UndecodableEntriesReadAsTheDefault) {
     writeFile(QStringLiteral("[General]\nfps=30.5\n"));
     settings->store().reload();
     EXPECT_EQ(settings->fps.read(), 30) << "not an integer";
-    writeFile(QStringLiteral("[General]\nfps=  45  \n")); // differs in size from the last write
+    writeFile(QStringLiteral("[General]\nfps=  60  \n")); // differs in size from the last write
     settings->store().reload();
-    EXPECT_EQ(settings->fps.read(), 45);
+    EXPECT_EQ(settings->fps.read(), 60);
+}
+
+// Values the settings window could not produce (an older version, a hand edit) read as the
+// nearest valid number of a range or as the default of a list, and the file stays as it is.
+TEST_F(SettingsTest, OutOfRangeEntriesReadAsTheNearestValidOrTheDefaultAndTheFileIsUntouched) {
+    const struct {
+        const char* entry;
+        QString read;
+    } cases[] = {
+        {"fps=0", "30"},          {"fps=-5", "30"},          {"fps=1000", "30"},         {"fps=45", "30"},
+        {"sceneSpeed=99", "3"},   {"sceneSpeed=-1", "0.5"},  {"sceneSpeed=1.3", "1.25"}, {"sceneSpeed=1.4", "1.5"},
+        {"clockSize=99999", "350"}, {"clockSize=-3", "150"}, {"clockSize=287.3", "287.3"},
+        {"clockOpacity=5", "1"},  {"clockOpacity=0", "0.1"}, {"clockFormat=yyyy", "h:mm"},
+        {"clockFont=Comic", "Baloo"}, {"sceneTime=noon", "auto"}, {"scene=desert", "nivalis"},
+    };
+    for (const auto& c : cases) {
+        const QString entry = QString::fromLatin1(c.entry);
+        SCOPED_TRACE(c.entry);
+        const QString text = QStringLiteral("# kept as it is\n[General]\n") + entry + QLatin1Char('\n');
+        writeFile(text);
+        Settings reader(path);
+        const SettingsKeyBase* key = reader.find(entry.section(QLatin1Char('='), 0, 0));
+        ASSERT_NE(key, nullptr);
+        EXPECT_EQ(key->valueText(), c.read);
+        EXPECT_EQ(fileText(), text);
+    }
 }
 
 TEST_F(SettingsTest, WritesKeepEntriesThisProgramDoesNotKnow) {
@@ -270,9 +296,9 @@ TEST_F(SettingsTest, ChangesByAnotherProcessAreAnnounced) {
     EXPECT_EQ(seen[2].newValue, 30);
 
     // And the watcher still works after that.
-    outside.fps.write(45);
+    outside.fps.write(60);
     QTRY_COMPARE_WITH_TIMEOUT(seen.size(), 4u, 3000);
-    EXPECT_EQ(seen[3].newValue, 45);
+    EXPECT_EQ(seen[3].newValue, 60);
 }
 
 TEST_F(SettingsTest, OwnWritesAreAnnouncedOnceNotAgainByTheWatcher) {

@@ -83,7 +83,7 @@ TEST_F(LaunchAtLoginTest, AFailedWriteLeavesTheSwitchOff) {
     ::testing::internal::CaptureStderr();
     launch.setEnabled(true);
     const std::string err = ::testing::internal::GetCapturedStderr();
-    EXPECT_EQ(err.rfind("Failed to enable launch at login: ", 0), 0u) << err;
+    EXPECT_EQ(err.rfind("Failed to enable start at login: ", 0), 0u) << err;
     EXPECT_FALSE(launch.isEnabled());
     EXPECT_EQ(spy.count(), 0);
 }

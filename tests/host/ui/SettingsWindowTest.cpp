@@ -96,11 +96,11 @@ TEST_F(SettingsWindowTest, ThreeTabsInOrderWithTheirControls) {
     EXPECT_EQ(names(1), (QStringList{"sceneVignette", "sceneSpeed", "sceneTime"}));
     EXPECT_EQ(names(2), (QStringList{"clockEnabled", "clockFont", "clockFormat", "clockOpacity", "clockSize"}));
 
-    EXPECT_EQ(control<QCheckBox>("launchAtLogin")->text(), "Launch at login");
+    EXPECT_EQ(control<QCheckBox>("launchAtLogin")->text(), "Start at login");
     EXPECT_EQ(control<QCheckBox>("limitFpsOnBattery")->text(), "Limit FPS on battery");
-    EXPECT_EQ(control<QCheckBox>("minimalFpsInLowPowerMode")->text(), "Minimal FPS in Low Power mode");
-    EXPECT_EQ(control<QCheckBox>("showOnAllSpaces")->text(), "Show on all spaces");
-    EXPECT_EQ(control<QCheckBox>("hideMenuBarIcon")->text(), "Hide menu bar icon");
+    EXPECT_EQ(control<QCheckBox>("minimalFpsInLowPowerMode")->text(), "Minimal FPS in power saver mode");
+    EXPECT_EQ(control<QCheckBox>("showOnAllSpaces")->text(), "Show on all workspaces");
+    EXPECT_EQ(control<QCheckBox>("hideMenuBarIcon")->text(), "Hide tray icon");
     EXPECT_EQ(control<QCheckBox>("sceneVignette")->text(), "Vignette");
     EXPECT_EQ(control<QCheckBox>("clockEnabled")->text(), "Enable clock");
     EXPECT_EQ(labelOf(control<QComboBox>("fps")), "Frames per second");
@@ -205,10 +205,10 @@ TEST_F(SettingsWindowTest, ControlsFollowChangesMadeElsewhere) {
     EXPECT_TRUE(control<QCheckBox>("clockEnabled")->isChecked());
     EXPECT_EQ(control<QSlider>("sceneSpeed")->value(), 9);
     EXPECT_EQ(control<QSlider>("clockOpacity")->value(), 400);
-    // A value that is none of the choices selects nothing, and is left as it is.
+    // A value that is none of the choices reads as the default, and is left as it is.
     settings->fps.write(45);
-    EXPECT_EQ(control<QComboBox>("fps")->currentIndex(), -1);
-    EXPECT_EQ(settings->fps.read(), 45);
+    EXPECT_EQ(control<QComboBox>("fps")->currentText(), "30");
+    EXPECT_EQ(settings->store().entry(QStringLiteral("fps")).toString(), "45");
 }
 
 TEST_F(SettingsWindowTest, MovementSpeedMovesInQuarterSteps) {
@@ -223,10 +223,11 @@ TEST_F(SettingsWindowTest, MovementSpeedMovesInQuarterSteps) {
     EXPECT_FLOAT_EQ(settings->sceneSpeed.read(), 0.5f);
     speed->setValue(speed->maximum());
     EXPECT_FLOAT_EQ(settings->sceneSpeed.read(), 3.0f);
-    // A value off the steps written elsewhere shows at the nearest step, and stays stored.
+    // A value off the steps written elsewhere reads as the nearest step, and stays stored.
     settings->sceneSpeed.write(1.6f);
     EXPECT_EQ(speed->value(), 6);
-    EXPECT_FLOAT_EQ(settings->sceneSpeed.read(), 1.6f);
+    EXPECT_FLOAT_EQ(settings->sceneSpeed.read(), 1.5f);
+    EXPECT_EQ(settings->store().entry(QStringLiteral("sceneSpeed")).toString(), "1.6");
 }
 
 TEST_F(SettingsWindowTest, ContinuousSlidersSpanTheirRanges) {
@@ -248,7 +249,7 @@ TEST_F(SettingsWindowTest, HidingTheIconShowsTheAlertAndShowingItDoesNot) {
     EXPECT_TRUE(settings->hideMenuBarIcon.read());
     ASSERT_NE(window->hideIconAlert(), nullptr);
     EXPECT_EQ(window->hideIconAlert()->text(),
-              "If you need to access the app menu, launch the app again to reveal the menu bar icon for 5 seconds.");
+              "If you need to access the app menu, launch the app again to reveal the tray icon for 5 seconds.");
     EXPECT_TRUE(window->hideIconAlert()->informativeText().isEmpty());
     window->hideIconAlert()->button(QMessageBox::Ok)->click();
     QTest::qWait(10);
