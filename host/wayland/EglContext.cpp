@@ -4,7 +4,14 @@ namespace host::wayland {
 
 std::unique_ptr<EglContext> EglContext::create(wl_display* display) {
     std::unique_ptr<EglContext> result(new EglContext());
-    result->display_ = eglGetPlatformDisplay(EGL_PLATFORM_WAYLAND_KHR, display, nullptr);
+    // The platform display where the client extension says Wayland is known; the plain call
+    // otherwise, which Mesa also recognises a Wayland display by.
+    if (epoxy_has_egl_extension(EGL_NO_DISPLAY, "EGL_EXT_platform_wayland") ||
+        epoxy_has_egl_extension(EGL_NO_DISPLAY, "EGL_KHR_platform_wayland")) {
+        result->display_ = eglGetPlatformDisplayEXT(EGL_PLATFORM_WAYLAND_EXT, display, nullptr);
+    } else {
+        result->display_ = eglGetDisplay(reinterpret_cast<EGLNativeDisplayType>(display));
+    }
     if (result->display_ == EGL_NO_DISPLAY || eglInitialize(result->display_, nullptr, nullptr) == EGL_FALSE) {
         result->display_ = EGL_NO_DISPLAY;
         return nullptr;
@@ -43,7 +50,7 @@ EglContext::~EglContext() {
 }
 
 EGLSurface EglContext::createWindowSurface(void* eglWindow) {
-    return eglCreatePlatformWindowSurface(display_, config_, eglWindow, nullptr);
+    return eglCreateWindowSurface(display_, config_, reinterpret_cast<EGLNativeWindowType>(eglWindow), nullptr);
 }
 
 void EglContext::destroySurface(EGLSurface surface) {

@@ -4,16 +4,6 @@
 
 namespace host::wayland {
 
-namespace {
-
-// "unknown" is what compositors send when the monitor did not say.
-QString told(const char* text) {
-    const QString value = QString::fromUtf8(text).trimmed();
-    return value.compare(QLatin1String("unknown"), Qt::CaseInsensitive) == 0 ? QString() : value;
-}
-
-} // namespace
-
 WaylandMonitor::WaylandMonitor(wl_output* output, std::uint32_t globalName, QObject* parent)
     : QObject(parent), output_(output), globalName_(globalName) {
     static const wl_output_listener listener = {
@@ -56,8 +46,8 @@ QString WaylandMonitor::label() const {
 void WaylandMonitor::onGeometry(void* data, wl_output*, std::int32_t, std::int32_t, std::int32_t, std::int32_t,
                                 std::int32_t, const char* make, const char* model, std::int32_t) {
     auto* self = static_cast<WaylandMonitor*>(data);
-    self->make_ = told(make);
-    self->model_ = told(model);
+    self->make_ = QString::fromUtf8(make);
+    self->model_ = QString::fromUtf8(model);
 }
 
 void WaylandMonitor::onMode(void* data, wl_output*, std::uint32_t flags, std::int32_t width, std::int32_t height,

@@ -41,7 +41,8 @@ public:
     int scale() const { return scale_; }
 
     /// The persistent identity, by the same name-based scheme as on X11: maker and model with
-    /// the connector standing in for the serial that the protocol does not give.
+    /// the connector standing in for the serial that the protocol does not give. Qt's own
+    /// screens on Wayland report the same three fields, so both name a monitor alike.
     std::optional<window::Display> display() const;
     /// The label the "Show on" picker shows: "Maker Model (DP-1)", or what is known of it.
     QString label() const;
