@@ -5,6 +5,7 @@
 #include "host/wayland/LayerSurface.h"
 #include "host/wayland/WaylandConnection.h"
 #include "host/wayland/WaylandMonitor.h"
+#include "host/window/DisplayCatalogue.h"
 #include "host/window/DisplayObservable.h"
 
 #include <QTimer>
@@ -20,14 +21,22 @@ LayerShellWallpaper::LayerShellWallpaper(settings::Settings& settings, WaylandCo
       driver_(this->content(), clockStyle(), *this) {
     driver_.frameClock().setWaitsForPresentation(true);
     connect(&driver_, &view::FrameDriver::appeared, this, &LayerShellWallpaper::appeared);
-    // Queued: monitors come and go inside the connection's event dispatch.
-    connect(&connection_, &WaylandConnection::monitorsChanged, this, &LayerShellWallpaper::updateFrame,
-            Qt::QueuedConnection);
     connect(&window::DisplayObservable::instance(), &window::DisplayObservable::screenDidChange, this,
             &LayerShellWallpaper::updateFrame);
+    // The picker lists this connection's monitors, and follows them as they come and go.
+    window::DisplayCatalogue::setSource([&connection] {
+        std::vector<window::DisplayCatalogue::Entry> entries;
+        for (WaylandMonitor* monitor : connection.monitors()) {
+            entries.push_back({monitor->display(), monitor->label()});
+        }
+        return entries;
+    });
+    connect(&connection_, &WaylandConnection::monitorsChanged, &window::DisplayObservable::instance(),
+            &window::DisplayObservable::notifyScreensChanged, Qt::QueuedConnection);
 }
 
 LayerShellWallpaper::~LayerShellWallpaper() {
+    window::DisplayCatalogue::setSource(nullptr);
     driver_.release();
     surface_.reset();
 }

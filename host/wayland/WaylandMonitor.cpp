@@ -1,5 +1,7 @@
 #include "host/wayland/WaylandMonitor.h"
 
+#include "host/window/DisplayCatalogue.h"
+
 #include <wayland-client.h>
 
 namespace host::wayland {
@@ -30,17 +32,7 @@ std::optional<window::Display> WaylandMonitor::display() const {
 }
 
 QString WaylandMonitor::label() const {
-    QString product = make_;
-    if (!model_.isEmpty()) {
-        product = product.isEmpty() ? model_ : product + QLatin1Char(' ') + model_;
-    }
-    if (product.isEmpty()) {
-        product = description_;
-    }
-    if (!product.isEmpty()) {
-        return name_.isEmpty() ? product : product + QStringLiteral(" (") + name_ + QLatin1Char(')');
-    }
-    return name_.isEmpty() ? QStringLiteral("<Unknown name>") : name_;
+    return window::DisplayCatalogue::label(make_, model_, name_);
 }
 
 void WaylandMonitor::onGeometry(void* data, wl_output*, std::int32_t, std::int32_t, std::int32_t, std::int32_t,

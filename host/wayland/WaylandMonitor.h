@@ -44,7 +44,7 @@ public:
     /// the connector standing in for the serial that the protocol does not give. Qt's own
     /// screens on Wayland report the same three fields, so both name a monitor alike.
     std::optional<window::Display> display() const;
-    /// The label the "Show on" picker shows: "Maker Model (DP-1)", or what is known of it.
+    /// The label the "Show on" picker shows (see DisplayCatalogue::label).
     QString label() const;
 
 signals:

@@ -34,6 +34,8 @@ def as_unprivileged():
     shutil.copy2(binary, os.path.join(root, "bin", "nivalis"))
     shutil.copytree(os.path.join(build, "resources"), os.path.join(root, "share", "nivalis"))
     shutil.copytree(HERE, os.path.join(root, "tests"), ignore=shutil.ignore_patterns("__pycache__"))
+    # The calling script may live elsewhere (bench/); it runs from beside these helpers.
+    shutil.copy2(os.path.abspath(sys.argv[0]), os.path.join(root, "tests"))
     home = os.path.join(root, "home")
     os.makedirs(home)
     nobody = pwd.getpwnam("nobody")
