@@ -182,20 +182,21 @@ void AppState::temporarilyRevealStatusItem() {
     });
 }
 
-void AppState::rebuildMenu() {
-    menu_->clear();
-    bool showToggle = true;
+std::optional<QString> AppState::toggleTitle() const {
     if (!isEnabled_ && !isManuallyDisabled_) {
         // Off by the lock alone.
-        if (settings_.deactivateOnBattery.read() || !powerSourceWatcher_) {
-            showToggle = false;
-        } else {
-            showToggle = powerSourceWatcher_->powerSource() != system::PowerSource::internalBattery;
+        if (settings_.deactivateOnBattery.read() || !powerSourceWatcher_ ||
+            powerSourceWatcher_->powerSource() == system::PowerSource::internalBattery) {
+            return std::nullopt;
         }
     }
-    if (showToggle) {
-        menu_->addCallbackItem(isManuallyDisabled_ ? tr("Enable") : tr("Disable"), QString(),
-                               [this] { toggleManuallyDisabled(); });
+    return isManuallyDisabled_ ? tr("Enable") : tr("Disable");
+}
+
+void AppState::rebuildMenu() {
+    menu_->clear();
+    if (const std::optional<QString> title = toggleTitle()) {
+        menu_->addCallbackItem(*title, QString(), [this] { toggleManuallyDisabled(); });
     }
     menu_->addSeparator();
     menu_->addCallbackItem(tr("Settings…"), QStringLiteral("Ctrl+,"), [this] {

@@ -4,6 +4,7 @@
 #include "host/settings/Subscription.h"
 
 #include <QObject>
+#include <QString>
 
 #include <chrono>
 #include <iosfwd>
@@ -74,6 +75,10 @@ public:
     /// Shows the tray icon now and hides it 5 seconds later if `hideMenuBarIcon` is then on.
     /// Each call has its own timer; a later call does not cancel an earlier one.
     void temporarilyRevealStatusItem();
+    /// The title of the Enable/Disable action ("Enable" while manually disabled, "Disable"
+    /// otherwise), or nothing while the rule hides it: off by the lock alone, and on battery, or
+    /// `deactivateOnBattery` on, or no power-source watcher.
+    std::optional<QString> toggleTitle() const;
     /// Fills the menu: Enable/Disable (when its rule allows), a separator, "Settings…",
     /// "About", "Quit".
     void rebuildMenu();

@@ -2,6 +2,7 @@
 
 #include "host/app/AppState.h"
 #include "host/app/AppStateDiagnostics.h"
+#include "host/app/PlatformChoice.h"
 #include "host/app/WallpaperOutput.h"
 #include "host/settings/ConfigCommand.h"
 #include "host/settings/Settings.h"
@@ -14,6 +15,7 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <QDBusConnection>
+#include <QSystemTrayIcon>
 #include <QTextStream>
 
 #include <cstdio>
@@ -59,6 +61,12 @@ int Application::run(int argc, char** argv, const Parts& parts) {
         return runConfig(argc, argv);
     }
 
+    const PlatformChoice choice = PlatformChoice::probe();
+    std::cerr << choice.describe().toStdString() << std::endl;
+    if (choice.path() == PlatformChoice::Path::None) {
+        return 1;
+    }
+
     QApplication app(argc, argv);
     nameApplication();
     QGuiApplication::setApplicationDisplayName(displayName());
@@ -76,16 +84,23 @@ int Application::run(int argc, char** argv, const Parts& parts) {
     system::LaunchAtLogin launchAtLogin(system::LaunchAtLogin::defaultEntryPath(),
                                         QCoreApplication::applicationFilePath());
     system::DBusSystemEvents events;
-    std::unique_ptr<WallpaperOutput> output = parts.makeOutput(settings, events);
+    std::unique_ptr<WallpaperOutput> output = parts.makeOutput(settings, events, choice);
     AppState state({settings, *output, events, system::UPowerSourceWatcher::create(), std::cout});
 
-    QObject::connect(&instance, &system::SingleInstance::revealRequested, &state,
-                     &AppState::temporarilyRevealStatusItem);
+    // A second launch reveals the tray icon; where there is no tray, where the icon could not
+    // be seen, it opens the settings window, which holds the menu's actions too.
+    QObject::connect(&instance, &system::SingleInstance::revealRequested, &state, [&state] {
+        if (QSystemTrayIcon::isSystemTrayAvailable()) {
+            state.temporarilyRevealStatusItem();
+        } else {
+            emit state.settingsRequested();
+        }
+    });
     QObject::connect(&state, &AppState::quitRequested, &app, &QCoreApplication::quit, Qt::QueuedConnection);
     if (parts.showSettings) {
         QObject::connect(&state, &AppState::settingsRequested, &state,
-                         [&] { parts.showSettings(settings, launchAtLogin); });
-        ui::WindowKeys::setOpenSettings([&] { parts.showSettings(settings, launchAtLogin); });
+                         [&] { parts.showSettings(settings, launchAtLogin, &state); });
+        ui::WindowKeys::setOpenSettings([&] { parts.showSettings(settings, launchAtLogin, &state); });
     }
     if (parts.showAbout) {
         QObject::connect(&state, &AppState::aboutRequested, &state, [&] { parts.showAbout(); });

@@ -1,11 +1,10 @@
 #include "host/ui/DisplayPicker.h"
 
 #include "host/settings/Settings.h"
-#include "host/window/DesktopWindow.h"
+#include "host/window/DisplayCatalogue.h"
 #include "host/window/DisplayObservable.h"
 
 #include <QPointer>
-#include <QScreen>
 #include <QSignalBlocker>
 #include <QTimer>
 
@@ -26,23 +25,6 @@ DisplayPicker::DisplayPicker(settings::Settings& settings, QWidget* parent)
     refresh();
 }
 
-QString DisplayPicker::labelOf(const QScreen* screen) {
-    const QString maker = screen->manufacturer().trimmed();
-    const QString model = screen->model().trimmed();
-    const QString connector = screen->name().trimmed();
-    QString product = maker;
-    if (!model.isEmpty()) {
-        product = product.isEmpty() ? model : product + QLatin1Char(' ') + model;
-    }
-    if (!product.isEmpty()) {
-        return connector.isEmpty() ? product : product + QStringLiteral(" (") + connector + QLatin1Char(')');
-    }
-    if (!connector.isEmpty()) {
-        return connector;
-    }
-    return QStringLiteral("<Unknown name>");
-}
-
 std::optional<window::Display> DisplayPicker::shownDisplay(
     const std::optional<window::Display>& stored, const std::vector<std::optional<window::Display>>& connected,
     const std::optional<window::Display>& main) {
@@ -61,15 +43,14 @@ void DisplayPicker::refresh() {
     const QSignalBlocker block(this);
     clear();
     std::vector<std::optional<window::Display>> connected;
-    for (QScreen* screen : window::DesktopWindow::orderedScreens()) {
-        const std::optional<window::Display> display = window::Display::of(screen);
-        connected.push_back(display);
-        addItem(labelOf(screen), display ? display->uuidText() : QString());
+    for (const window::DisplayCatalogue::Entry& entry : window::DisplayCatalogue::entries()) {
+        connected.push_back(entry.display);
+        addItem(entry.label, entry.display ? entry.display->uuidText() : QString());
     }
     const std::optional<QUuid> stored = settings_.display.read();
     const std::optional<window::Display> shown = shownDisplay(
         stored ? std::optional<window::Display>(window::Display(*stored)) : std::nullopt, connected,
-        window::Display::main());
+        window::DisplayCatalogue::main());
     setCurrentIndex(shown ? findData(shown->uuidText()) : -1);
 }
 
@@ -79,7 +60,7 @@ void DisplayPicker::showEvent(QShowEvent* event) {
     QPointer<DisplayPicker> self(this);
     QTimer::singleShot(0, this, [self] {
         if (self && !self->settings_.display.read()) {
-            if (const std::optional<window::Display> main = window::Display::main()) {
+            if (const std::optional<window::Display> main = window::DisplayCatalogue::main()) {
                 self->settings_.display.write(main->id);
             }
         }

@@ -17,8 +17,8 @@ class Settings;
 
 namespace host::ui {
 
-/// The "Show on" picker: one choice per connected monitor, the primary first, and the key
-/// `display` behind it.
+/// The "Show on" picker: one choice per connected monitor (see DisplayCatalogue), the primary
+/// first, and the key `display` behind it.
 ///
 /// What it shows is worked out, not read: nothing while the key is absent; the stored monitor
 /// while it is connected; the primary monitor while the stored one is away (the key itself is
@@ -31,10 +31,6 @@ class DisplayPicker : public QComboBox {
 public:
     /// A picker over the key `display` of `settings`.
     explicit DisplayPicker(settings::Settings& settings, QWidget* parent = nullptr);
-
-    /// The label of a screen: its maker and model with the connector, or the connector alone,
-    /// or "<Unknown name>" when the screen tells nothing.
-    static QString labelOf(const QScreen* screen);
 
     /// The display shown for the stored value `stored`, given the connected displays and the
     /// main one.

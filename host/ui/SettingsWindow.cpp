@@ -3,6 +3,7 @@
 #include "host/clock/ClockChoices.h"
 #include "host/settings/Settings.h"
 #include "host/system/LaunchAtLogin.h"
+#include "host/ui/ActionRow.h"
 #include "host/ui/DisplayPicker.h"
 #include "host/ui/KeyBinding.h"
 #include "host/ui/SettingsTab.h"
@@ -127,11 +128,15 @@ void SettingsWindow::fitTab(int) {
 
 SettingsWindow::~SettingsWindow() = default;
 
-void SettingsWindow::showShared(settings::Settings& settings, system::LaunchAtLogin& launchAtLogin) {
+void SettingsWindow::showShared(settings::Settings& settings, system::LaunchAtLogin& launchAtLogin,
+                                app::AppState* state) {
     static QPointer<SettingsWindow> window;
     if (window == nullptr) {
         window = new SettingsWindow(settings, &launchAtLogin);
         window->setAttribute(Qt::WA_DeleteOnClose, false);
+        if (state != nullptr) {
+            window->layout()->addWidget(new ActionRow(*state, window));
+        }
     }
     window->show();
     window->raise();

@@ -18,6 +18,9 @@ class Settings;
 namespace host::system {
 class LaunchAtLogin;
 }
+namespace host::app {
+class AppState;
+}
 
 namespace host::ui {
 
@@ -42,7 +45,9 @@ public:
     ~SettingsWindow() override;
 
     /// Opens the process's settings window, making it on first use, and brings it to the front.
-    static void showShared(settings::Settings& settings, system::LaunchAtLogin& launchAtLogin);
+    /// With `state`, the window ends in the tray menu's actions (Enable/Disable, About, Quit).
+    static void showShared(settings::Settings& settings, system::LaunchAtLogin& launchAtLogin,
+                           app::AppState* state = nullptr);
 
     /// The tabs.
     QTabWidget* tabs() const { return tabs_; }

@@ -5,11 +5,11 @@
 
 #include <memory>
 
-class QOpenGLExtraFunctions;
-
 namespace host::view {
 
-/// Lays the clock's picture over the drawn frame, as one textured quad blended on top.
+/// Lays the clock's picture over the drawn frame, as one textured quad blended on top. It draws
+/// through libepoxy on whatever OpenGL 3.3 context is current, as the renderer does, so it works
+/// the same under Qt's GL window and under a plain EGL surface.
 ///
 /// The picture is uploaded when it changes (once a second at most); each frame only draws the
 /// quad, allocating nothing. The renderer keeps GL state from frame to frame and skips what it
@@ -25,19 +25,19 @@ public:
     /// Takes a new picture (premultiplied ARGB, device pixels) whose top-left corner goes at
     /// `topLeft` of the framebuffer, counted from its top. A null image shows nothing. Needs the
     /// context current.
-    void setPicture(QOpenGLExtraFunctions& gl, const QImage& image, const QPoint& topLeft);
+    void setPicture(const QImage& image, const QPoint& topLeft);
 
     /// Whether there is a picture to draw.
     bool hasPicture() const { return width_ > 0 && height_ > 0; }
 
     /// Draws the picture into `framebuffer` of `width` by `height` pixels.
-    void draw(QOpenGLExtraFunctions& gl, unsigned framebuffer, int width, int height);
+    void draw(unsigned framebuffer, int width, int height);
 
     /// Frees the GL objects; the context that made them must be current.
-    void release(QOpenGLExtraFunctions& gl);
+    void release();
 
 private:
-    void create(QOpenGLExtraFunctions& gl);
+    void create();
 
     unsigned program_ = 0;
     unsigned vertexArray_ = 0;

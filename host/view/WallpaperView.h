@@ -1,10 +1,9 @@
 #pragma once
 
-#include "host/view/ClockOverlay.h"
-#include "host/view/FrameClock.h"
+#include "host/view/DrawingSurface.h"
+#include "host/view/FrameDriver.h"
 
 #include <QString>
-#include <QTimer>
 #include <QWindow>
 
 #include <cstdint>
@@ -22,15 +21,13 @@ namespace host::view {
 class FrameRenderer;
 class SceneContent;
 
-/// The drawing view: a GL window (OpenGL 3.3 core) that runs the scene's renderer at the
-/// preferred frame rate and lays the clock over each frame.
+/// The drawing view of the X11 desktop window: a Qt GL window (OpenGL 3.3 core) that its
+/// frame driver draws into at the preferred rate, buffer swaps synchronised to the refresh.
 ///
-/// When it appears it makes its context and a new renderer of the scene, which becomes the
-/// current renderer, and then announces `appeared`. From then on the frame clock drives it;
-/// paused, it draws nothing and arms no timer at all (frame clock, clock text and the
-/// time-of-day poll all stop). Running, it asks the renderer every 3 seconds to re-read the
-/// time of day, and it rewrites the clock's text once a second in the chosen pattern.
-class WallpaperView : public QWindow {
+/// When it appears it makes its context and the driver makes a new renderer of the scene,
+/// which becomes the current renderer; `appeared` follows. Everything about frames, timers
+/// and the clock is the driver's (see FrameDriver); the view only supplies the surface.
+class WallpaperView : public QWindow, private DrawingSurface {
     Q_OBJECT
 public:
     /// A view of `content` whose clock follows `clockStyle`; both must outlive it. It starts
@@ -38,43 +35,40 @@ public:
     WallpaperView(SceneContent& content, clock::ClockStyleManager& clockStyle, QWindow* parent = nullptr);
     ~WallpaperView() override;
 
-    /// The renderer that the view made last, process-wide; null before any view appeared.
-    static FrameRenderer* currentRenderer();
+    /// The renderer that a view or surface made last, process-wide; null before any appeared.
+    static FrameRenderer* currentRenderer() { return FrameDriver::currentRenderer(); }
 
-    /// What happens when no OpenGL 3.3 core context can be had: by default the message goes to
-    /// standard error and the process ends; tests on a platform without GL put a handler here
-    /// that takes the message, and the view then stays without a renderer.
-    static void setContextFailureHandler(std::function<void(const char* message)> handler);
+    /// See FrameDriver::setContextFailureHandler.
+    static void setContextFailureHandler(std::function<void(const char* message)> handler) {
+        FrameDriver::setContextFailureHandler(std::move(handler));
+    }
 
-    /// Makes the context and the renderer, then emits `appeared`. Runs once per view; the
-    /// native window is created here if it is not yet.
+    /// Makes the native window and context, then the renderer, then emits `appeared`. Runs once.
     void appear();
-    /// Whether `appear` has run.
-    bool hasAppeared() const { return renderer_ != nullptr; }
+    /// Whether `appear` has made a renderer.
+    bool hasAppeared() const { return driver_.hasAppeared(); }
 
+    /// The driver of the frames.
+    FrameDriver& driver() { return driver_; }
     /// The renderer of this view; null before it appeared.
-    FrameRenderer* renderer() const { return renderer_.get(); }
+    FrameRenderer* renderer() const { return driver_.renderer(); }
 
     /// Frames per second of the frame clock.
-    int preferredFramesPerSecond() const { return frameClock_.framesPerSecond(); }
+    int preferredFramesPerSecond() const { return driver_.preferredFramesPerSecond(); }
     /// Sets the frames per second of the frame clock.
-    void setPreferredFramesPerSecond(int fps);
-
+    void setPreferredFramesPerSecond(int fps) { driver_.setPreferredFramesPerSecond(fps); }
     /// Whether frames are held back.
-    bool isPaused() const { return frameClock_.isPaused(); }
+    bool isPaused() const { return driver_.isPaused(); }
     /// Holds frames and every timer back (true), or lets them run (false).
-    void setPaused(bool paused);
-
+    void setPaused(bool paused) { driver_.setPaused(paused); }
     /// Frames drawn by this view.
-    std::uint64_t frameCount() const { return frames_; }
+    std::uint64_t frameCount() const { return driver_.frameCount(); }
     /// Whether any timer of the view is armed (none is while paused).
-    bool hasActiveTimers() const;
-
+    bool hasActiveTimers() const { return driver_.hasActiveTimers(); }
     /// The clock's present text; empty until its first tick after appearing.
-    const QString& clockText() const { return clockText_; }
-
+    const QString& clockText() const { return driver_.clockText(); }
     /// Draws one frame now, if the view has appeared and is exposed.
-    void renderNow();
+    void renderNow() { driver_.renderNow(); }
 
 signals:
     /// The view made its renderer.
@@ -87,23 +81,16 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void tickClock();
-    void updateClockTimer();
-    void updatePicture();
+    bool makeCurrent() override;
+    bool hasRequiredVersion() const override;
+    bool canDraw() const override;
+    QSize pixelSize() const override;
+    double devicePixelRatio() const override;
+    unsigned framebuffer() const override;
+    void present() override;
 
-    SceneContent& content_;
-    clock::ClockStyleManager& clockStyle_;
     std::unique_ptr<QOpenGLContext> context_;
-    std::unique_ptr<FrameRenderer> renderer_;
-    FrameClock frameClock_;
-    QTimer timeOfDayTimer_;
-    QTimer clockTimer_;
-    QString clockText_;
-    ClockOverlay overlay_;
-    bool pictureDirty_ = false;
-    QImage pendingPicture_;
-    QPoint pendingTopLeft_;
-    std::uint64_t frames_ = 0;
+    FrameDriver driver_;
 };
 
 } // namespace host::view

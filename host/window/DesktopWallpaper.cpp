@@ -1,35 +1,21 @@
 #include "host/window/DesktopWallpaper.h"
 
-#include "host/clock/ClockFonts.h"
 #include "host/settings/Settings.h"
 #include "host/system/SystemEvents.h"
-#include "host/view/NivalisContent.h"
-#include "host/view/Resources.h"
 #include "host/view/WallpaperView.h"
 #include "host/window/DesktopWindow.h"
 #include "host/window/DisplayObservable.h"
 
-#include <QDir>
 #include <QTimer>
 
 namespace host::window {
-
-namespace {
-
-std::unique_ptr<view::SceneContent> nivalisContent(settings::Settings& settings) {
-    const QString resources = view::Resources::directory();
-    clock::ClockFonts::instance().loadFrom(QDir(resources).filePath(QStringLiteral("fonts")));
-    return std::make_unique<view::NivalisContent>(resources, [&settings] { return settings.sceneTime.read(); });
-}
-
-} // namespace
 
 DesktopWallpaper::DesktopWallpaper(settings::Settings& settings, system::SystemEvents& events)
     : DesktopWallpaper(settings, &events, nivalisContent(settings)) {}
 
 DesktopWallpaper::DesktopWallpaper(settings::Settings& settings, system::SystemEvents* events,
                                    std::unique_ptr<view::SceneContent> content)
-    : settings_(settings), content_(std::move(content)) {
+    : SceneOutput(std::move(content)), settings_(settings) {
     if (events != nullptr) {
         connect(events, &system::SystemEvents::deviceDidWake, &DisplayObservable::instance(),
                 &DisplayObservable::notifyWake);
@@ -54,7 +40,7 @@ void DesktopWallpaper::createWindow() {
 }
 
 void DesktopWallpaper::makeView() {
-    auto* view = new view::WallpaperView(*content_, clockStyle_, window_.get());
+    auto* view = new view::WallpaperView(content(), clockStyle(), window_.get());
     view_ = view;
     view->setGeometry(QRect(QPoint(0, 0), window_->size()));
     view->setPreferredFramesPerSecond(fps_);
@@ -139,40 +125,6 @@ void DesktopWallpaper::rebuildContent() {
         delete view_.data();
     }
     makeView();
-}
-
-void DesktopWallpaper::setSceneSettings(bool vignette, float cameraPeriod) {
-    content_->setSceneSettings(vignette, cameraPeriod);
-}
-
-bool DesktopWallpaper::hasRenderer() const {
-    return view::WallpaperView::currentRenderer() != nullptr;
-}
-
-void DesktopWallpaper::setTimeOfDay(engine::utils::TimeOfDay timeOfDay) {
-    if (view::FrameRenderer* renderer = view::WallpaperView::currentRenderer()) {
-        renderer->setTimeOfDay(timeOfDay);
-    }
-}
-
-void DesktopWallpaper::setClockEnabled(bool enabled) {
-    clockStyle_.setEnabled(enabled);
-}
-
-void DesktopWallpaper::setClockFont(const QString& fontName) {
-    clockStyle_.setFontName(fontName);
-}
-
-void DesktopWallpaper::setClockTimeFormat(const QString& pattern) {
-    clockStyle_.setTimeFormat(pattern);
-}
-
-void DesktopWallpaper::setClockOpacity(double opacity) {
-    clockStyle_.setOpacity(opacity);
-}
-
-void DesktopWallpaper::setClockSize(float size) {
-    clockStyle_.setSize(size);
 }
 
 std::uint64_t DesktopWallpaper::frameCount() const {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/app/WallpaperOutput.h"
-#include "host/clock/ClockStyleManager.h"
+#include "host/view/SceneContent.h"
+#include "host/view/SceneOutput.h"
 
 #include <QPointer>
 
@@ -22,14 +22,14 @@ namespace host::window {
 
 class DesktopWindow;
 
-/// The wallpaper on screen as the application state drives it: the desktop window, the
+/// The wallpaper on an X11 desktop as the application state drives it: the desktop window, the
 /// drawing view inside it (its content, hidden until the wallpaper is first shown), the scene
 /// and the clock's style.
 ///
 /// It keeps what arrives before the window exists (rate, pause, scene and clock settings) and
 /// hands it on when the window and view are made. The view is told to appear once the event
 /// loop has had a turn after `createWindow`, and `appeared` follows when its renderer is made.
-class DesktopWallpaper : public app::WallpaperOutput {
+class DesktopWallpaper : public view::SceneOutput {
     Q_OBJECT
 public:
     /// A wallpaper over `settings` showing the Nivalis scene from the program's resources;
@@ -50,22 +50,12 @@ public:
     void updateLevel() override;
     void setShowOnAllSpaces(bool all) override;
     void rebuildContent() override;
-    void setSceneSettings(bool vignette, float cameraPeriod) override;
-    bool hasRenderer() const override;
-    void setTimeOfDay(engine::utils::TimeOfDay timeOfDay) override;
-    void setClockEnabled(bool enabled) override;
-    void setClockFont(const QString& fontName) override;
-    void setClockTimeFormat(const QString& pattern) override;
-    void setClockOpacity(double opacity) override;
-    void setClockSize(float size) override;
     std::uint64_t frameCount() const override;
 
     /// The desktop window; null before `createWindow`.
     DesktopWindow* window() const { return window_.get(); }
     /// The drawing view; null before `createWindow`.
     view::WallpaperView* view() const { return view_; }
-    /// The clock's style.
-    clock::ClockStyleManager& clockStyle() { return clockStyle_; }
     /// Whether the window's content is hidden (until the first `showWindow`).
     bool isContentHidden() const { return contentHidden_; }
 
@@ -73,8 +63,6 @@ private:
     void makeView();
 
     settings::Settings& settings_;
-    std::unique_ptr<view::SceneContent> content_;
-    clock::ClockStyleManager clockStyle_;
     std::unique_ptr<DesktopWindow> window_;
     QPointer<view::WallpaperView> view_;
     std::optional<QUuid> pendingTarget_;

@@ -35,4 +35,8 @@ void DisplayObservable::notifyWake() {
     emit screenDidChange();
 }
 
+void DisplayObservable::notifyScreensChanged() {
+    emit screenDidChange();
+}
+
 } // namespace host::window

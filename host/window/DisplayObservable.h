@@ -16,6 +16,8 @@ public:
 
     /// Reports a wake from sleep (the system watcher calls this); it counts as a screen change.
     void notifyWake();
+    /// Reports a change of monitors that Qt does not see (the Wayland output's own connection).
+    void notifyScreensChanged();
 
 signals:
     /// A screen came, went, or moved, or the machine woke up.

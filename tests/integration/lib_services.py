@@ -153,6 +153,19 @@ class SystemServices:
         self.dbus.Interface(obj, dbusmock.MOCK_IFACE).AddProperty(name, "ActiveProfile", profile)
         return lambda value: obj.Set(name, "ActiveProfile", value, dbus_interface=self.dbus.PROPERTIES_IFACE)
 
+    def start_tray_host(self):
+        """A StatusNotifierWatcher with a host registered on the session bus: a tray, as far as
+        the program can tell (without one, a second launch opens the settings instead)."""
+        import dbusmock
+        name = "org.kde.StatusNotifierWatcher"
+        path = "/StatusNotifierWatcher"
+        self.processes.append(self.case.spawn_server(name, path, name, system_bus=False, stdout=subprocess.DEVNULL))
+        mock = self.dbus.Interface(self.session.get_object(name, path), dbusmock.MOCK_IFACE)
+        mock.AddProperties(name, {"IsStatusNotifierHostRegistered": True, "ProtocolVersion": self.dbus.Int32(0),
+                                  "RegisteredStatusNotifierItems": self.dbus.Array([], signature="s")})
+        mock.AddMethod(name, "RegisterStatusNotifierItem", "s", "", "")
+        mock.AddMethod(name, "RegisterStatusNotifierHost", "s", "", "")
+
     def freedesktop_screensaver_active(self, active):
         self.screensaver.EmitSignal("org.freedesktop.ScreenSaver", "ActiveChanged", "b", [self.dbus.Boolean(active)])
 

@@ -8,6 +8,7 @@ import lib_services
 
 def test(h):
     nivalis = h.nivalis
+    h.services.start_tray_host()
     nivalis.config("set", "hideMenuBarIcon", "true")
     nivalis.start()
     h.wait_for_service()

@@ -1,0 +1,58 @@
+#include "host/view/SceneOutput.h"
+
+#include "host/clock/ClockFonts.h"
+#include "host/settings/Settings.h"
+#include "host/view/FrameDriver.h"
+#include "host/view/FrameRenderer.h"
+#include "host/view/NivalisContent.h"
+#include "host/view/Resources.h"
+
+#include <QDir>
+
+namespace host::view {
+
+SceneOutput::SceneOutput(std::unique_ptr<SceneContent> content) : content_(std::move(content)) {}
+
+SceneOutput::~SceneOutput() = default;
+
+std::unique_ptr<SceneContent> SceneOutput::nivalisContent(settings::Settings& settings) {
+    const QString resources = Resources::directory();
+    clock::ClockFonts::instance().loadFrom(QDir(resources).filePath(QStringLiteral("fonts")));
+    return std::make_unique<NivalisContent>(resources, [&settings] { return settings.sceneTime.read(); });
+}
+
+void SceneOutput::setSceneSettings(bool vignette, float cameraPeriod) {
+    content_->setSceneSettings(vignette, cameraPeriod);
+}
+
+bool SceneOutput::hasRenderer() const {
+    return FrameDriver::currentRenderer() != nullptr;
+}
+
+void SceneOutput::setTimeOfDay(engine::utils::TimeOfDay timeOfDay) {
+    if (FrameRenderer* renderer = FrameDriver::currentRenderer()) {
+        renderer->setTimeOfDay(timeOfDay);
+    }
+}
+
+void SceneOutput::setClockEnabled(bool enabled) {
+    clockStyle_.setEnabled(enabled);
+}
+
+void SceneOutput::setClockFont(const QString& fontName) {
+    clockStyle_.setFontName(fontName);
+}
+
+void SceneOutput::setClockTimeFormat(const QString& pattern) {
+    clockStyle_.setTimeFormat(pattern);
+}
+
+void SceneOutput::setClockOpacity(double opacity) {
+    clockStyle_.setOpacity(opacity);
+}
+
+void SceneOutput::setClockSize(float size) {
+    clockStyle_.setSize(size);
+}
+
+} // namespace host::view

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QObject>
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+struct wl_compositor;
+struct wl_display;
+struct wl_registry;
+struct zwlr_layer_shell_v1;
+class QSocketNotifier;
+
+namespace host::wayland {
+
+class WaylandMonitor;
+
+/// The program's own connection to the Wayland compositor, apart from whatever Qt uses: it
+/// holds the globals the wallpaper needs (compositor, layer shell, monitors) and, once
+/// attached, reads its events inside Qt's event loop (its file descriptor under a socket
+/// notifier, pending requests flushed before the loop sleeps).
+class WaylandConnection : public QObject {
+    Q_OBJECT
+public:
+    /// Connects to the compositor of `WAYLAND_DISPLAY` and reads its globals and the monitors'
+    /// descriptions; null when there is no compositor to connect to. Needs no Qt application.
+    static std::unique_ptr<WaylandConnection> connect();
+    ~WaylandConnection() override;
+
+    /// Whether the compositor offers the layer shell.
+    bool hasLayerShell() const { return layerShell_ != nullptr; }
+
+    /// Starts reading events inside Qt's event loop; the application must exist.
+    void attachToEventLoop();
+
+    /// The connection, the compositor and the layer shell (null when not offered).
+    wl_display* display() const { return display_; }
+    wl_compositor* compositor() const { return compositor_; }
+    zwlr_layer_shell_v1* layerShell() const { return layerShell_; }
+
+    /// The monitors, in the order the compositor announced them (described ones only).
+    std::vector<WaylandMonitor*> monitors() const;
+
+signals:
+    /// A monitor came, went, or changed its description.
+    void monitorsChanged();
+    /// The compositor went away; nothing more can be shown.
+    void lost();
+
+private:
+    explicit WaylandConnection(wl_display* display);
+    void readEvents();
+    void flush();
+
+    static void onGlobal(void* data, wl_registry* registry, std::uint32_t name, const char* interface,
+                         std::uint32_t version);
+    static void onGlobalRemove(void* data, wl_registry* registry, std::uint32_t name);
+
+    wl_display* display_;
+    wl_registry* registry_ = nullptr;
+    wl_compositor* compositor_ = nullptr;
+    zwlr_layer_shell_v1* layerShell_ = nullptr;
+    std::vector<std::unique_ptr<WaylandMonitor>> monitors_;
+    QSocketNotifier* notifier_ = nullptr;
+    bool lost_ = false;
+};
+
+} // namespace host::wayland

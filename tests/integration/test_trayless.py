@@ -1,0 +1,48 @@
+"""Without a tray every menu action stays reachable: a second launch opens the settings window,
+which ends in Enable/Disable, About and Quit; Quit from there ends the program with status 0."""
+
+import os
+import subprocess
+
+import lib_services
+
+
+def settings_window(display):
+    out = subprocess.run(["xdotool", "search", "--name", "^Settings$"], env=dict(os.environ, DISPLAY=display),
+                         capture_output=True, text=True).stdout.split()
+    return out[0] if out else None
+
+
+def test(h):
+    nivalis = h.nivalis
+    nivalis.start()
+    h.wait_for_service()
+    assert settings_window(h.x.display) is None, "the settings window is open before any second launch"
+
+    status, output = nivalis.launch_again()
+    assert status == 0, f"second launch ended with {status}: {output}"
+    window = lib_services.wait_until(lambda: settings_window(h.x.display), 20, "the settings window")
+
+    # Quit is the last button of the row at the foot of the window; clicked again until the window
+    # has drawn its content and takes the click.
+    env = dict(os.environ, DISPLAY=h.x.display)
+
+    def click_quit():
+        geometry = subprocess.run(["xdotool", "getwindowgeometry", "--shell", window], env=env, capture_output=True,
+                                  text=True).stdout
+        g = dict(line.split("=") for line in geometry.split())
+        x, y = int(g["WIDTH"]) - 50, int(g["HEIGHT"]) - 22
+        subprocess.run(["xdotool", "mousemove", "--window", window, str(x), str(y), "click", "1"], env=env,
+                       check=True)
+        try:
+            nivalis.process.wait(2)
+        except subprocess.TimeoutExpired:
+            return False
+        return True
+
+    lib_services.wait_until(click_quit, 30, "the program to end after Quit")
+    assert nivalis.process.returncode == 0, f"Quit ended the program with status {nivalis.process.returncode}"
+
+
+if __name__ == "__main__":
+    lib_services.run(test)
