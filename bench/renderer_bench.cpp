@@ -17,10 +17,12 @@
 #include "engine/commands/ClearCommand.h"
 #include "engine/commands/MainPassCommand.h"
 #include "renderer/NivalisRenderer.h"
+#include "renderer/SpirelightRenderer.h"
 #include "renderer/gl/EpoxyGl.h"
 #include "renderer/headless/HeadlessContext.h"
 #include "renderer/headless/OffscreenTarget.h"
 #include "scenes/nivalis/NivalisScene.h"
+#include "scenes/spirelight/SpirelightScene.h"
 
 // The stand-in assets of the renderer tests; they need nothing but the standard library and
 // libwebp, so the benchmark compiles them in rather than duplicating them.
@@ -217,6 +219,25 @@ void reportCounts(benchmark::State& state, const CountingGl& counting, std::uint
     state.counters["glCalls"] = double(counting.total()) / double(frames);
 }
 
+/// Frames of `renderer` on a 1 x 1 target, 1/60 s apart, each waited for; the first one, which
+/// makes the pipelines, is not counted.
+void measureFrames(benchmark::State& state, Context& shared, CountingGl& counting, SceneRenderer& renderer,
+                   double& seconds) {
+    renderer::headless::OffscreenTarget target(1, 1);
+    const FrameTarget frame{target.framebuffer(), 1, 1};
+    renderer.drawFrame(frame);
+    shared.gl.finish();
+    counting.counts.fill(0);
+    std::uint64_t frames = 0;
+    for (auto _ : state) {
+        seconds += 1.0 / 60.0;
+        renderer.drawFrame(frame);
+        shared.gl.finish();
+        ++frames;
+    }
+    reportCounts(state, counting, frames);
+}
+
 /// One Nivalis frame on a 1 x 1 target: the walk and the submission of its GL calls, waited for.
 void BM_NivalisFrame(benchmark::State& state) {
     Context* shared = context();
@@ -230,21 +251,26 @@ void BM_NivalisFrame(benchmark::State& state) {
     scene->settings.blurred = blurred;
     CountingGl counting(shared->gl);
     NivalisRenderer renderer(counting, scene, "nivalis", options(seconds), "day");
-    renderer::headless::OffscreenTarget target(1, 1);
-    const FrameTarget frame{target.framebuffer(), 1, 1};
-    renderer.drawFrame(frame); // pipelines are made in the first frame
-    shared->gl.finish();
-    counting.counts.fill(0);
-    std::uint64_t frames = 0;
-    for (auto _ : state) {
-        seconds += 1.0 / 60.0;
-        renderer.drawFrame(frame);
-        shared->gl.finish();
-        ++frames;
-    }
-    reportCounts(state, counting, frames);
+    measureFrames(state, *shared, counting, renderer, seconds);
 }
 BENCHMARK(BM_NivalisFrame)->Arg(0)->Arg(1)->ArgName("blurred")->Unit(benchmark::kMicrosecond);
+
+/// One Spirelight frame on a 1 x 1 target, as BM_NivalisFrame: its bloom pass, sprites and
+/// meshless aircraft included. Needs the generated resources.
+void BM_SpirelightFrame(benchmark::State& state) {
+    Context* shared = context();
+    if (shared == nullptr || !std::filesystem::exists(resources() / "spirelight" / "models")) {
+        state.SkipWithError(shared == nullptr ? "no headless GL context" : "no generated spirelight resources");
+        return;
+    }
+    double seconds = 30.0;
+    auto scene = std::make_shared<scenes::spirelight::SpirelightScene>();
+    scene->settings.blurred = state.range(0) != 0;
+    CountingGl counting(shared->gl);
+    renderer::SpirelightRenderer renderer(counting, scene, "spirelight", options(seconds));
+    measureFrames(state, *shared, counting, renderer, seconds);
+}
+BENCHMARK(BM_SpirelightFrame)->Arg(0)->Arg(1)->ArgName("blurred")->Unit(benchmark::kMicrosecond);
 
 /// A frame that only clears and resolves the 1 x 1 target.
 void BM_ClearAndResolveFrame(benchmark::State& state) {
@@ -256,19 +282,7 @@ void BM_ClearAndResolveFrame(benchmark::State& state) {
     double seconds = 30.0;
     CountingGl counting(shared->gl);
     ClearOnlyRenderer renderer(counting, std::make_shared<ClearOnlyScene>(), options(seconds));
-    renderer::headless::OffscreenTarget target(1, 1);
-    const FrameTarget frame{target.framebuffer(), 1, 1};
-    renderer.drawFrame(frame);
-    shared->gl.finish();
-    counting.counts.fill(0);
-    std::uint64_t frames = 0;
-    for (auto _ : state) {
-        seconds += 1.0 / 60.0;
-        renderer.drawFrame(frame);
-        shared->gl.finish();
-        ++frames;
-    }
-    reportCounts(state, counting, frames);
+    measureFrames(state, *shared, counting, renderer, seconds);
 }
 BENCHMARK(BM_ClearAndResolveFrame)->Unit(benchmark::kMicrosecond);
 

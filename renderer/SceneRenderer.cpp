@@ -1,5 +1,6 @@
 #include "renderer/SceneRenderer.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
@@ -369,14 +370,16 @@ void SceneRenderer::drawMesh(const DrawMeshCommand& command, gpu::RenderEncoder&
         Fatal::stop("Shader id out of range: " + std::to_string(shaderId));
     }
     ShaderFunctions* functions = shaders[static_cast<std::size_t>(shaderId)].get();
-    if (!command.mesh) {
+    // A draw without a mesh and without a vertex layout finds its vertices in its shader (one
+    // point placed by its matrix, say): `primitiveCount` vertices, at least one, are drawn.
+    const bool meshless = !command.mesh && !state->vertexAttributes;
+    if (!command.mesh && !meshless) {
         Fatal::stop("Draw " + command.name + " has no mesh");
     }
-    const std::int32_t meshId = command.mesh->id;
-    if (meshId < 0 || static_cast<std::size_t>(meshId) >= models.size()) {
+    const std::int32_t meshId = meshless ? 0 : command.mesh->id;
+    if (!meshless && (meshId < 0 || static_cast<std::size_t>(meshId) >= models.size())) {
         Fatal::stop("Mesh id out of range: " + std::to_string(meshId));
     }
-    const FullModel& model = models[static_cast<std::size_t>(meshId)];
     auto cached = pipelinesCache.find(state);
     if (functions == nullptr) {
         return;
@@ -400,11 +403,17 @@ void SceneRenderer::drawMesh(const DrawMeshCommand& command, gpu::RenderEncoder&
     }
     activeState = state;
 
+    const GLenum primitive = SceneUtils::primitiveType(command.primitiveType);
+    if (meshless) {
+        bindUniforms(command, encoder_);
+        encoder_.drawPrimitives(primitive, 0, std::max<GLsizei>(1, command.primitiveCount));
+        return;
+    }
+    const FullModel& model = models[static_cast<std::size_t>(meshId)];
     if (model.vertexBuffer() != 0) {
         encoder_.setVertexBuffer(model.vertexBuffer());
     }
     bindUniforms(command, encoder_);
-    const GLenum primitive = SceneUtils::primitiveType(command.primitiveType);
     if (model.indexBuffer() == 0) {
         Fatal::stop("Mesh " + command.mesh->fileName + " has no index buffer");
     }

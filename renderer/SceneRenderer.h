@@ -138,7 +138,8 @@ public:
     // ---- Command execution ------------------------------------------------------------------
 
     /// One draw: pipeline found or made, state changes filtered, uniforms bound, the whole
-    /// index buffer drawn. A shader the library lacks draws nothing.
+    /// index buffer drawn. A shader the library lacks draws nothing. A draw with neither a mesh
+    /// nor a vertex layout draws `primitiveCount` vertices (at least one) that its shader places.
     void drawMesh(const engine::commands::DrawMeshCommand& command, gpu::RenderEncoder& encoder);
     /// The draw's values into their stages and slots by the shader's row of the uniform table.
     void bindUniforms(const engine::commands::DrawMeshCommand& command, gpu::RenderEncoder& encoder);

@@ -102,8 +102,8 @@ RenderOptions RenderOptions::parse(std::span<const std::string> arguments) {
             options.help = true;
         } else if (option == "--scene") {
             const std::string scene = value();
-            if (scene != "nivalis" && scene != "betonia" && scene != "example") {
-                bad(option, scene, "nivalis, betonia or example");
+            if (scene != "nivalis" && scene != "spirelight" && scene != "betonia" && scene != "example") {
+                bad(option, scene, "nivalis, spirelight, betonia or example");
             }
             options.scene = scene;
         } else if (option == "--size") {
@@ -241,7 +241,7 @@ std::string RenderOptions::usage() {
     return R"(Usage: nivalis-render [OPTIONS]
 Renders frames of a scene without a display and writes them as PNG files.
 
-  --scene NAME          nivalis, betonia or example (default nivalis)
+  --scene NAME          nivalis, spirelight, betonia or example (default nivalis)
   --size WxH            picture size in pixels (default 1280x720)
   --time-of-day TIME    the scene's time of day: day, night, sunrise or sunset
                         (nivalis only; default day)

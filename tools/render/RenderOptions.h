@@ -26,7 +26,7 @@ namespace tools::render {
 /// fields of its settings) is checked when the scene is set up, not here.
 class RenderOptions {
 public:
-    /// Scene to draw: "nivalis", "betonia" or "example".
+    /// Scene to draw: "nivalis", "spirelight", "betonia" or "example".
     std::string scene = "nivalis";
     /// Size of the picture in pixels.
     int width = 1280;

@@ -17,6 +17,7 @@
 #include "scenes/example/ExampleScene.h"
 #include "scenes/nivalis/Meshes.h"
 #include "scenes/nivalis/NivalisScene.h"
+#include "scenes/spirelight/SpirelightScene.h"
 
 namespace tools::render {
 
@@ -172,6 +173,25 @@ void setUpBetonia(scenes::betonia::BetoniaScene& scene, const RenderOptions& opt
     }
 }
 
+void setUpSpirelight(scenes::spirelight::SpirelightScene& scene, const RenderOptions& options) {
+    auto& s = scene.settings;
+    writeSettings({{"cameraPeriod", floatField("cameraPeriod", s.cameraPeriod)},
+                   {"lights", floatField("lights", s.lights)},
+                   {"vignette", boolField("vignette", s.vignette)},
+                   {"blurred", boolField("blurred", s.blurred)},
+                   {"autoSwitchCameras", boolField("autoSwitchCameras", s.autoSwitchCameras)},
+                   {"lowQuality", boolField("lowQuality", s.lowQuality)},
+                   {"clock", boolField("clock", s.clock)}},
+                  "spirelight", options);
+    if (options.timeOfDay) {
+        throw std::invalid_argument("Scene spirelight has no time of day");
+    }
+    syncCoefficient(scene.cameraAnimator, s.cameraPeriod);
+    if (placeCamera(scene.cameraAnimator, "spirelight", options)) {
+        s.autoSwitchCameras = false;
+    }
+}
+
 void setUpExample(scenes::example::ExampleScene& scene, const RenderOptions& options) {
     writeSettings({}, "example", options);
     if (options.timeOfDay) {
@@ -264,6 +284,9 @@ std::shared_ptr<engine::Scene> SceneSetup::create(const std::string& name) {
     if (name == "nivalis") {
         return std::make_shared<scenes::nivalis::NivalisScene>();
     }
+    if (name == "spirelight") {
+        return std::make_shared<scenes::spirelight::SpirelightScene>();
+    }
     if (name == "betonia") {
         return std::make_shared<scenes::betonia::BetoniaScene>();
     }
@@ -274,7 +297,7 @@ std::shared_ptr<engine::Scene> SceneSetup::create(const std::string& name) {
         scene->commands = {std::make_shared<engine::commands::MainPassCommand>(true, scene->commands)};
         return scene;
     }
-    throw std::invalid_argument("Unknown scene '" + name + "' (nivalis, betonia, example)");
+    throw std::invalid_argument("Unknown scene '" + name + "' (nivalis, spirelight, betonia, example)");
 }
 
 std::string SceneSetup::resourcesRoot(const std::string& name) { return name; }
@@ -282,6 +305,8 @@ std::string SceneSetup::resourcesRoot(const std::string& name) { return name; }
 void SceneSetup::apply(engine::Scene& scene, const RenderOptions& options) {
     if (auto* nivalis = dynamic_cast<scenes::nivalis::NivalisScene*>(&scene)) {
         setUpNivalis(*nivalis, options);
+    } else if (auto* spirelight = dynamic_cast<scenes::spirelight::SpirelightScene*>(&scene)) {
+        setUpSpirelight(*spirelight, options);
     } else if (auto* betonia = dynamic_cast<scenes::betonia::BetoniaScene*>(&scene)) {
         setUpBetonia(*betonia, options);
     } else if (auto* example = dynamic_cast<scenes::example::ExampleScene*>(&scene)) {

@@ -15,7 +15,7 @@ class SceneSetup {
 public:
     SceneSetup() = delete;
 
-    /// A new scene of the name: "nivalis", "betonia" or "example". Throws std::invalid_argument
+    /// A new scene of the name: "nivalis", "spirelight", "betonia" or "example". Throws std::invalid_argument
     /// for any other name.
     static std::shared_ptr<engine::Scene> create(const std::string& name);
     /// The scene's directory inside the resources: its own name.

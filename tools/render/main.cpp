@@ -14,6 +14,7 @@
 #include "renderer/BetoniaRenderer.h"
 #include "renderer/ExampleRenderer.h"
 #include "renderer/NivalisRenderer.h"
+#include "renderer/SpirelightRenderer.h"
 #include "renderer/gl/EpoxyGl.h"
 #include "renderer/headless/HeadlessContext.h"
 #include "renderer/headless/OffscreenTarget.h"
@@ -55,6 +56,9 @@ std::unique_ptr<renderer::SceneRenderer> makeRenderer(renderer::gl::Gl& gl, cons
     if (name == "nivalis") {
         // A fixed start instead of the wall clock; the scene's own time of day is set afterwards.
         return std::make_unique<renderer::NivalisRenderer>(gl, std::move(scene), root, std::move(options), "day");
+    }
+    if (name == "spirelight") {
+        return std::make_unique<renderer::SpirelightRenderer>(gl, std::move(scene), root, std::move(options));
     }
     if (name == "betonia") {
         return std::make_unique<renderer::BetoniaRenderer>(gl, std::move(scene), root, std::move(options));

@@ -164,7 +164,8 @@ TEST(Sky, TheDomeWrapsTheWorldFromInside) {
         EXPECT_LE(v.v, 1.0);
     }
     EXPECT_LT(lowest, -Geography::DOME_RADIUS * 0.4); // well below the horizon
-    for (std::size_t t = 0; t < triangles(dome); ++t) {
+    // The second half holds the same triangles wound the other way, for the blurred passes.
+    for (std::size_t t = 0; t < triangles(dome) / 2; ++t) {
         ASSERT_GT(normalOf(dome, t).dot(kCentre - centreOf(dome, t)), 0.0) << "triangle " << t << " faces out";
     }
 }
@@ -222,7 +223,7 @@ TEST(Sky, SeaIsALevelDiscUnderTheRanges) {
     }
     EXPECT_NEAR(reach, Geography::SEA_RADIUS, 1.0);
     EXPECT_GT(reach, Geography::RANGES_OUTER);
-    for (std::size_t t = 0; t < triangles(sea); ++t) {
+    for (std::size_t t = 0; t < triangles(sea) / 2; ++t) { // then the same wound the other way
         ASSERT_GT(normalOf(sea, t).z, 0.99);
     }
 }

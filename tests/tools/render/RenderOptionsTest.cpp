@@ -62,8 +62,8 @@ TEST(RenderOptionsTest, BadArgumentsAreNamedInTheMessage) {
     EXPECT_EQ(errorOf({"--colour", "red"}), "Unknown option --colour");
     EXPECT_EQ(errorOf({"frame.png"}), "Unexpected argument 'frame.png'");
     EXPECT_EQ(errorOf({"--size"}), "Option --size needs a value");
-    EXPECT_EQ(errorOf({"--scene", "spirelight"}),
-              "Invalid value 'spirelight' for --scene: expected nivalis, betonia or example");
+    EXPECT_EQ(errorOf({"--scene", "harbour"}),
+              "Invalid value 'harbour' for --scene: expected nivalis, spirelight, betonia or example");
     EXPECT_EQ(errorOf({"--help=yes"}), "Option --help takes no value");
 }
 

@@ -13,6 +13,7 @@
 #include "scenes/betonia/BetoniaScene.h"
 #include "scenes/example/ExampleScene.h"
 #include "scenes/nivalis/NivalisScene.h"
+#include "scenes/spirelight/SpirelightScene.h"
 
 namespace tools::render {
 namespace {
@@ -41,7 +42,8 @@ TEST(SceneSetupTest, MakesEachSceneByName) {
     EXPECT_NE(dynamic_cast<scenes::nivalis::NivalisScene*>(SceneSetup::create("nivalis").get()), nullptr);
     EXPECT_NE(dynamic_cast<scenes::betonia::BetoniaScene*>(SceneSetup::create("betonia").get()), nullptr);
     EXPECT_NE(dynamic_cast<scenes::example::ExampleScene*>(SceneSetup::create("example").get()), nullptr);
-    EXPECT_THROW(SceneSetup::create("spirelight"), std::invalid_argument);
+    EXPECT_NE(dynamic_cast<scenes::spirelight::SpirelightScene*>(SceneSetup::create("spirelight").get()), nullptr);
+    EXPECT_THROW(SceneSetup::create("harbour"), std::invalid_argument);
     EXPECT_EQ(SceneSetup::resourcesRoot("nivalis"), "nivalis");
 }
 

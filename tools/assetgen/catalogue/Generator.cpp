@@ -9,6 +9,7 @@
 #include "tools/assetgen/io/ModelFile.h"
 #include "tools/assetgen/nivalis/NivalisAssets.h"
 #include "tools/assetgen/shared/Vignette.h"
+#include "tools/assetgen/spirelight/SpirelightAssets.h"
 
 namespace tools::assetgen::catalogue {
 
@@ -17,6 +18,7 @@ std::vector<std::unique_ptr<SceneAssets>> Generator::allScenes() {
     scenes.push_back(std::make_unique<nivalis::NivalisAssets>());
     scenes.push_back(std::make_unique<betonia::BetoniaAssets>());
     scenes.push_back(std::make_unique<example::ExampleAssets>());
+    scenes.push_back(std::make_unique<spirelight::SpirelightAssets>());
     return scenes;
 }
 

@@ -32,6 +32,14 @@ void MeshData::append(const MeshData& other) {
     }
 }
 
+void MeshData::addBackFaces() {
+    const std::size_t count = indices.size();
+    indices.reserve(count * 2);
+    for (std::size_t i = 0; i < count; i += 3) {
+        triangle(indices[i], indices[i + 2], indices[i + 1]);
+    }
+}
+
 namespace {
 
 struct VertexKey {

@@ -33,6 +33,10 @@ public:
     void flatTriangle(const Vertex& a, const Vertex& b, const Vertex& c);
     /// Appends all of `other`, its indices shifted past this mesh's vertices.
     void append(const MeshData& other);
+    /// Appends every triangle again, wound the other way round over the same vertices, so that
+    /// the mesh shows whichever winding a pass takes as front-facing (the blurred passes take
+    /// clockwise). For meshes seen from inside or from both sides: sky domes, sea, the vignette.
+    void addBackFaces();
     /// Number of triangles.
     std::size_t triangleCount() const { return indices.size() / 3; }
     /// Merges vertices that agree in every field a model file can hold (position, UV0, U0, AO;

@@ -40,6 +40,8 @@ mesh::MeshData Sea::mesh() {
         }
         previous = ring;
     }
+    // Seen in the blurred passes too, which take the other winding as front-facing.
+    out.addBackFaces();
     return out;
 }
 

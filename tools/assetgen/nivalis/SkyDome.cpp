@@ -125,6 +125,8 @@ mesh::MeshData SkyDome::mesh() {
     for (int s = 0; s < segments; ++s) {
         out.triangle(row(0, s), row(0, s + 1), nadir);
     }
+    // The blurred passes take the other winding as front-facing; the dome shows in both.
+    out.addBackFaces();
     return out;
 }
 

@@ -55,6 +55,10 @@ mesh::MeshData Vignette::mesh() {
         }
         previous = ring;
     }
+    // Both windings, so that the blurred passes (clockwise front faces) keep their vignette;
+    // the shader drops whichever copy faces away, so the rim is never darkened twice when the
+    // pass before left culling off.
+    out.addBackFaces();
     return out;
 }
 
