@@ -10,7 +10,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     using renderer::textures::WebpTexture;
     try {
         const auto pixels = WebpTexture::decode({reinterpret_cast<const std::byte*>(data), size}, "fuzz.webp");
-        if (pixels.rgba.size() != static_cast<std::size_t>(pixels.width) * static_cast<std::size_t>(pixels.height) * 4) {
+        if (pixels.rgba.size() !=
+            static_cast<std::size_t>(pixels.width) * static_cast<std::size_t>(pixels.height) * 4) {
             __builtin_trap();
         }
     } catch (const std::runtime_error&) {

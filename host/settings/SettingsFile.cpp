@@ -31,9 +31,7 @@ private:
     int fd_;
 };
 
-QString systemError(int error) {
-    return QString::fromLocal8Bit(std::strerror(error));
-}
+QString systemError(int error) { return QString::fromLocal8Bit(std::strerror(error)); }
 
 QString kindOf(mode_t mode) {
     if (S_ISDIR(mode)) {
@@ -155,13 +153,16 @@ SettingsFile::Contents SettingsFile::read() const {
 }
 
 QString SettingsFile::update(const std::function<void(SettingsDocument&)>& change, std::string& written) const {
-    const auto fail = [&](const QString& reason) { return QStringLiteral("Cannot save settings to %1: %2").arg(path_, reason); };
+    const auto fail = [&](const QString& reason) {
+        return QStringLiteral("Cannot save settings to %1: %2").arg(path_, reason);
+    };
     const std::filesystem::path path = path_.toStdString();
     std::error_code error;
     std::filesystem::create_directories(path.parent_path(), error);
     if (error) {
-        return fail(QStringLiteral("cannot create the folder %1: %2")
-                        .arg(QString::fromStdString(path.parent_path().string()), QString::fromStdString(error.message())));
+        return fail(
+            QStringLiteral("cannot create the folder %1: %2")
+                .arg(QString::fromStdString(path.parent_path().string()), QString::fromStdString(error.message())));
     }
     // A link is followed, so that a settings file kept elsewhere stays where it is.
     std::filesystem::path target = path;

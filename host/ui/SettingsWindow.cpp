@@ -105,6 +105,7 @@ SettingsWindow::SettingsWindow(settings::Settings& settings, system::LaunchAtLog
     fileProblem_->setObjectName(QStringLiteral("settingsFileProblem"));
     fileProblem_->setWordWrap(true);
     fileProblem_->setFixedWidth(kWidth);
+    fileProblem_->setContentsMargins(8, 4, 8, 8);
     layout->addWidget(fileProblem_);
     const auto showFileProblem = [this] {
         fileProblem_->setText(settings_.store().lastError());

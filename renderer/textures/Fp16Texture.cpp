@@ -16,8 +16,8 @@ namespace {
 void checkSceneSize(int width, int height, const std::string& name) {
     if (width < 1 || height < 1 || width > Fp16Texture::MAX_SIZE || height > Fp16Texture::MAX_SIZE) {
         throw std::invalid_argument("Half-float texture " + name + " needs a size of 1 to " +
-                                    std::to_string(Fp16Texture::MAX_SIZE) + " each way, not " +
-                                    std::to_string(width) + "x" + std::to_string(height));
+                                    std::to_string(Fp16Texture::MAX_SIZE) + " each way, not " + std::to_string(width) +
+                                    "x" + std::to_string(height));
     }
 }
 
@@ -34,8 +34,8 @@ void Fp16Texture::check(std::size_t fileSize, int width, int height, const std::
     }
 }
 
-LoadedTexture Fp16Texture::load(gl::Gl& gl, const std::string& name, const std::filesystem::path& directory,
-                                int width, int height) {
+LoadedTexture Fp16Texture::load(gl::Gl& gl, const std::string& name, const std::filesystem::path& directory, int width,
+                                int height) {
     // The size comes from the scene, so it is checked before the file is even read.
     checkSceneSize(width, height, name);
     const auto file = ResourceFile::read(directory, name);

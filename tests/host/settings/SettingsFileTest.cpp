@@ -182,8 +182,7 @@ TEST_F(SettingsFileTest, HandEditedFileKeepsEverythingButTheChangedLine) {
         EXPECT_EQ(settings.clockFont.read(), QStringLiteral("Comfortaa;Bold"));
         EXPECT_EQ(settings.clockFormat.read(), QStringLiteral("\"h:mm")) << "an open quote stays on its line";
         EXPECT_EQ(settings.fps.read(), 20);
-        EXPECT_EQ(settings.store().names(),
-                  (QStringList{"clockFont", "clockFormat", "fps", "future"}));
+        EXPECT_EQ(settings.store().names(), (QStringList{"clockFont", "clockFormat", "fps", "future"}));
         settings.fps.write(60);
         settings.sceneTime.write(QStringLiteral("night"));
         settings.clockEnabled.write(true);

@@ -57,8 +57,7 @@ protected:
     }
 };
 
-engine::Texture description(const std::string& fileName, engine::TextureFormat format, int width = 0,
-                            int height = 0) {
+engine::Texture description(const std::string& fileName, engine::TextureFormat format, int width = 0, int height = 0) {
     engine::Texture texture;
     texture.fileName = fileName;
     texture.format = format;
@@ -107,9 +106,32 @@ TEST_F(LoaderChecksTest, AstcHeaderAndDataChecks) {
 // A lossless WebP header (RIFF, VP8L) claiming `width` by `height`, with no image data.
 std::vector<std::byte> webpHeader(int width, int height) {
     const unsigned bits = static_cast<unsigned>(width - 1) | static_cast<unsigned>(height - 1) << 14;
-    const std::vector<int> bytes = {'R', 'I', 'F', 'F', 18, 0, 0, 0, 'W', 'E', 'B', 'P', 'V', 'P', '8', 'L', 6, 0, 0, 0,
-                                    0x2F, static_cast<int>(bits & 0xFF), static_cast<int>((bits >> 8) & 0xFF),
-                                    static_cast<int>((bits >> 16) & 0xFF), static_cast<int>(bits >> 24), 0};
+    const std::vector<int> bytes = {'R',
+                                    'I',
+                                    'F',
+                                    'F',
+                                    18,
+                                    0,
+                                    0,
+                                    0,
+                                    'W',
+                                    'E',
+                                    'B',
+                                    'P',
+                                    'V',
+                                    'P',
+                                    '8',
+                                    'L',
+                                    6,
+                                    0,
+                                    0,
+                                    0,
+                                    0x2F,
+                                    static_cast<int>(bits & 0xFF),
+                                    static_cast<int>((bits >> 8) & 0xFF),
+                                    static_cast<int>((bits >> 16) & 0xFF),
+                                    static_cast<int>(bits >> 24),
+                                    0};
     std::vector<std::byte> file;
     for (int b : bytes) {
         file.push_back(static_cast<std::byte>(b));
@@ -161,10 +183,9 @@ TEST_F(LoaderChecksTest, SomethingElseInAFilesPlaceIsRefusedWithoutWaiting) {
         {"dangling", "file not found"},
     };
     for (const auto& [name, reason] : cases) {
-        EXPECT_EQ(stopOf([&] {
-                      textures::TextureFiles::load(gl, description(name, engine::TextureFormat::ASTC), folder);
-                  }),
-                  "Cannot load texture scene/textures/" + name + ".astc: " + reason);
+        EXPECT_EQ(
+            stopOf([&] { textures::TextureFiles::load(gl, description(name, engine::TextureFormat::ASTC), folder); }),
+            "Cannot load texture scene/textures/" + name + ".astc: " + reason);
     }
 }
 
@@ -194,9 +215,13 @@ TEST_F(ModelChecksTest, IndicesAndVertexFileAgainstTheStride) {
     const std::vector<Case> cases = {
         {36, {0, 1, 2}, ""},
         {36, {0, 1, 3}, "Cannot create model buffers: nivalis/models/m-indices.bin: index 3 past 3 vertices"},
-        {36, {65535, 65535, 65535}, "Cannot create model buffers: nivalis/models/m-indices.bin: index 65535 past 3 vertices"},
-        {35, {0, 1, 2}, "Cannot create model buffers: nivalis/models/m-strides.bin: 35 bytes are no whole number of "
-                        "12-byte vertices"},
+        {36,
+         {65535, 65535, 65535},
+         "Cannot create model buffers: nivalis/models/m-indices.bin: index 65535 past 3 vertices"},
+        {35,
+         {0, 1, 2},
+         "Cannot create model buffers: nivalis/models/m-strides.bin: 35 bytes are no whole number of "
+         "12-byte vertices"},
         // Draws that read no vertex buffer, and a model without indices, have nothing to check.
         {0, {7, 8, 9}, ""},
         {36, {}, ""},
@@ -214,8 +239,8 @@ TEST_F(ModelChecksTest, TheTreesDrawsGiveEachModelItsStride) {
     auto mesh = std::make_shared<engine::Mesh>("m", nullptr);
     mesh->id = 0;
     auto draw = [&](int stride) {
-        auto layout = std::make_shared<engine::VertexAttributesDescriptor>(std::vector<engine::VertexAttribute>{},
-                                                                           stride);
+        auto layout =
+            std::make_shared<engine::VertexAttributesDescriptor>(std::vector<engine::VertexAttribute>{}, stride);
         auto state = std::make_shared<DrawMeshState>(nullptr, nullptr, nullptr, engine::CullFace::BACK, layout);
         return std::make_shared<DrawMeshCommand>(mesh, std::vector<std::shared_ptr<UniformValue>>{}, state,
                                                  PrimitiveType::TRIANGLES, 1);
