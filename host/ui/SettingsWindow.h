@@ -43,6 +43,10 @@ public:
     /// Opens the process's settings window, making it on first use, and brings it to the front.
     static void showShared(settings::Settings& settings, system::LaunchAtLogin& launchAtLogin);
 
+    /// The notice shown in the General tab while `manager` (a desktop manager's program name)
+    /// keeps its own desktop window over the wallpaper.
+    static QString desktopManagerNotice(const QString& manager);
+
     /// The tabs.
     QTabWidget* tabs() const { return tabs_; }
     /// The alert about the hidden icon while it is up; null otherwise.
