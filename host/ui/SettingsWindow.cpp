@@ -8,6 +8,7 @@
 #include "host/ui/KeyBinding.h"
 #include "host/ui/SettingsTab.h"
 #include "host/ui/WindowKeys.h"
+#include "host/window/X11DesktopSharing.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -23,6 +24,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <optional>
 #include <cmath>
 
 namespace host::ui {
@@ -194,6 +196,14 @@ QWidget* SettingsWindow::makeGeneral() {
     bindings_.push_back(KeyBinding::toggle(
         toggle(place, QStringLiteral("Show on all workspaces"), QStringLiteral("showOnAllSpaces")),
         settings_.showOnAllSpaces));
+    if (const std::optional<QString> manager = window::X11DesktopSharing::desktopManager()) {
+        // The desktop manager's window lies over the wallpaper with its icons, and without a
+        // compositor its own background hides the picture.
+        auto* notice = new QLabel(desktopManagerNotice(*manager));
+        notice->setObjectName(QStringLiteral("desktopManagerNotice"));
+        notice->setWordWrap(true);
+        place->addRow(notice);
+    }
 
     QFormLayout* icon = section(layout);
     bindings_.push_back(KeyBinding::toggle(
@@ -272,6 +282,12 @@ QWidget* SettingsWindow::makeClock() {
     bindings_.push_back(KeyBinding::slider(size, settings_.clockSize, kSizeScale));
     layout->addStretch();
     return widget;
+}
+
+QString SettingsWindow::desktopManagerNotice(const QString& manager) {
+    return QStringLiteral("%1 draws the desktop's icons on a background of its own, which covers the "
+                          "wallpaper. To see the wallpaper, turn off the desktop of %1.")
+        .arg(manager);
 }
 
 void SettingsWindow::showHideIconAlert() {

@@ -49,6 +49,10 @@ public:
     static void showShared(settings::Settings& settings, system::LaunchAtLogin& launchAtLogin,
                            app::AppState* state = nullptr);
 
+    /// The notice shown in the General tab while `manager` (a desktop manager's program name)
+    /// keeps its own desktop window over the wallpaper.
+    static QString desktopManagerNotice(const QString& manager);
+
     /// The tabs.
     QTabWidget* tabs() const { return tabs_; }
     /// The alert about the hidden icon while it is up; null otherwise.

@@ -3,6 +3,7 @@
 #include "host/settings/Settings.h"
 #include "host/window/DisplayObservable.h"
 #include "host/window/X11Desktop.h"
+#include "host/window/X11DesktopSharing.h"
 
 #include <QGuiApplication>
 #include <QPointer>
@@ -24,6 +25,7 @@ DesktopWindow::DesktopWindow(settings::Settings& settings, std::optional<Display
     setTitle(QStringLiteral("Nivalis"));
     applyFlags();
     create();
+    X11DesktopSharing::watch(winId());
     updateFrame();
 
     // Screens go and come inside Qt's own handling of the change: place the window once that

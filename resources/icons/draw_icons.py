@@ -1,13 +1,12 @@
 #!/usr/bin/env python3
 """Draws the program's icons as PNG files, with nothing but the standard library.
 
-The application icon (AboutIcon.png, and nivalis.png for the desktop entry and the
-installed icon theme) is a polar night: a sky from deep blue to teal, a crescent moon,
+The application icon (AboutIcon.png, for the About window) is a polar night: a sky from deep blue to teal, a crescent moon,
 a few stars, snow-capped mountains and a dark sea, on a rounded square. The tray icon
 (MenuBarIcon.png) is the same mountains and moon as a light silhouette with a dark rim,
 so that it reads on dark and light panels alike.
 
-The installed icon theme gets the same picture as a scalable SVG drawn from the same
+The desktop entry and the installed icon theme get the same picture as a scalable SVG drawn from the same
 shapes (hicolor/scalable/apps/io.github.nivalis.Nivalis.svg) and as PNGs at the usual
 theme sizes (hicolor/<n>x<n>/apps/io.github.nivalis.Nivalis.png).
 
@@ -213,5 +212,4 @@ if __name__ == "__main__":
         png("%s/%s.png" % (folder, APP_ID), size, size, render(size, app_colour))
     app = render(256, app_colour)
     png("AboutIcon.png", 256, 256, app)
-    png("nivalis.png", 256, 256, app)
     png("MenuBarIcon.png", 44, 44, render(44, tray_sample_for(44)))

@@ -53,4 +53,6 @@ version=$(env -u DISPLAY -u WAYLAND_DISPLAY "$root/usr/bin/nivalis" --version) |
 [[ "$version" =~ ^nivalis\ [0-9]+\.[0-9]+\.[0-9]+$ ]] || fail "nivalis --version said '$version'"
 "$root/usr/bin/nivalis-render" --size 320x180 --out "$work/frame.png" || fail "nivalis-render"
 [ "$(head -c 8 "$work/frame.png" | od -An -tx1 | tr -d ' \n')" = 89504e470d0a1a0a ] || fail "no PNG written"
+# A picture of the scene compresses far worse than a flat or empty frame would.
+[ "$(stat -c %s "$work/frame.png")" -gt 20000 ] || fail "the frame looks empty ($(stat -c %s "$work/frame.png") bytes)"
 echo "package ok: $(basename "$deb"), $version"
