@@ -37,7 +37,14 @@ def test(h):
                         "1"], env=env, check=True)
 
     # Clicked again until the window has drawn its content and takes the click.
-    lib_services.wait_until(lambda: click(50, None) or h.property("ManuallyDisabled"), 30, "Disable to take")
+    def disable():
+        click(50, None)
+        try:
+            return lib_services.wait_until(lambda: h.property("ManuallyDisabled"), 2, "Disable")
+        except AssertionError:
+            return False
+
+    lib_services.wait_until(disable, 30, "Disable to take")
     frames = h.property("FrameCount")
     time.sleep(1)
     assert h.property("Paused") and h.property("FrameCount") == frames, "frames drawn after Disable"
