@@ -84,8 +84,9 @@ PlatformChoice PlatformChoice::probe() {
     }
     if (result.path_ == Path::LayerShell && !isSet("QT_QPA_PLATFORM")) {
         // The wallpaper needs nothing of Qt's platform; its windows (settings, About) go to the
-        // compositor natively when Qt's Wayland plugin is there, through XWayland otherwise.
-        setenv("QT_QPA_PLATFORM", "wayland;xcb", 1);
+        // compositor natively when Qt's Wayland plugin is there, through XWayland otherwise,
+        // and nowhere rather than ending the program when neither can be had.
+        setenv("QT_QPA_PLATFORM", "wayland;xcb;offscreen", 1);
     }
     if (result.path_ == Path::None) {
         result.message_ = noDesktopMessage(waylandSet, isSet("DISPLAY"));

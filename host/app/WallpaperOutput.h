@@ -14,6 +14,10 @@ namespace host::app {
 /// What AppState drives on screen: the desktop window, the drawing view inside it with its
 /// scene and renderer, and the clock overlay.
 ///
+/// Two implementations, one chosen at start (see PlatformChoice): the X11 desktop window
+/// (window::DesktopWallpaper) and the Wayland layer surface (wayland::LayerShellWallpaper); both
+/// draw through the same frame driver. One output object shows the wallpaper on one monitor.
+///
 /// AppState is the only caller and decides when each operation runs; an implementation does
 /// what it is told and keeps no policy of its own (it never pauses or shows itself). All calls
 /// come on the main thread. Operations may arrive before `createWindow` (the preferred frame

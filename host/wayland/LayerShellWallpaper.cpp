@@ -31,6 +31,7 @@ LayerShellWallpaper::LayerShellWallpaper(settings::Settings& settings, WaylandCo
         }
         return entries;
     });
+    connect(&connection_, &WaylandConnection::monitorsChanged, this, [this] { closedOn_.clear(); });
     connect(&connection_, &WaylandConnection::monitorsChanged, &window::DisplayObservable::instance(),
             &window::DisplayObservable::notifyScreensChanged, Qt::QueuedConnection);
 }
@@ -102,6 +103,17 @@ void LayerShellWallpaper::placeSurface() {
         return;
     }
     WaylandMonitor* monitor = targetMonitor();
+    if (monitor != nullptr && monitor == closedOn_) {
+        // The compositor closed the surface there while the monitor stays listed (it is going
+        // away): another monitor until the monitors change, rather than a retry at once.
+        monitor = nullptr;
+        for (WaylandMonitor* other : connection_.monitors()) {
+            if (other != closedOn_) {
+                monitor = other;
+                break;
+            }
+        }
+    }
     if (monitor == nullptr) {
         // No monitor at all: nothing to show on until one comes.
         surface_.reset();
@@ -123,6 +135,7 @@ void LayerShellWallpaper::placeSurface() {
             Qt::QueuedConnection);
     connect(surface, &LayerSurface::closed, this, [this, surface] {
         if (surface_.get() == surface) {
+            closedOn_ = surfaceMonitor_;
             surface_.reset();
             surfaceMonitor_.clear();
             placeSurface();

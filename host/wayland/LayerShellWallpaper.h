@@ -69,6 +69,8 @@ private:
     std::unique_ptr<EglContext> context_;
     std::unique_ptr<LayerSurface> surface_;
     QPointer<WaylandMonitor> surfaceMonitor_;
+    // The monitor whose surface the compositor closed, until the monitors change.
+    QPointer<WaylandMonitor> closedOn_;
     view::FrameDriver driver_;
     std::optional<QUuid> target_;
     bool created_ = false;

@@ -2,7 +2,8 @@
 """The wallpaper on headless sway with XWayland (DISPLAY set too, as in every real session):
 the layer-shell output is chosen; the picture fills the output below a normal window even
 with swaybg started first; it animates; the clock shows; locked, no frame is drawn and no CPU
-is spent; the "Show on" key moves it to the second output."""
+is spent; the "Show on" key moves it to the second output; a chosen monitor not plugged in
+leaves it on the first until it is plugged in."""
 
 import os
 import uuid
@@ -134,6 +135,17 @@ def main():
                      "swaybg on the first output once the wallpaper moved")
         W.wait_until(lambda: W.region_stats(shot(sway, "moved-2", "HEADLESS-2")[2], 300, 300, width, height)[1] > 60,
                      30, "the picture on the second output")
+
+        # "Show on" a monitor not plugged in: the first output, the key kept; plugged: there.
+        later = dict(outputs["HEADLESS-1"], name="HEADLESS-3")
+        nivalis.config("set", "display", display_id(later))
+        W.wait_until(lambda: W.region_stats(shot(sway, "absent-1")[2], 300, 300, width, height)[1] > 60, 30,
+                     "the picture back on the first output while the chosen one is absent")
+        sway.swaymsg("create_output")
+        W.wait_until(lambda: W.region_stats(shot(sway, "plugged-1")[2], 600, 300, 700, 400)[0] == MAGENTA, 30,
+                     "the picture leaving the first output when the chosen one is plugged in")
+        W.wait_until(lambda: W.region_stats(shot(sway, "plugged-3", "HEADLESS-3")[2], 300, 300, width,
+                                            height)[1] > 60, 30, "the picture on the output plugged in")
     finally:
         if nivalis:
             nivalis.stop()

@@ -3,6 +3,8 @@
 #include "host/settings/Settings.h"
 #include "host/system/LaunchAtLogin.h"
 #include "host/ui/DisplayPicker.h"
+#include "host/window/DisplayCatalogue.h"
+#include "host/window/DisplayObservable.h"
 #include "host/window/Display.h"
 
 #include "tests/host/app/TestApplication.h"
@@ -290,6 +292,28 @@ TEST_F(SettingsWindowTest, DisplayPickerListsTheScreensAndWritesTheMainOneWhenSh
     picker->setCurrentIndex(other);
     emit picker->activated(other);
     EXPECT_EQ(settings->display.read(), window::Display::fromIdentity("", "", "", "RIGHT")->id);
+}
+
+TEST_F(SettingsWindowTest, DisplayPickerListsTheMonitorsOfAnInstalledSourceAndFollowsThem) {
+    // The Wayland output's own monitors, which Qt's screens may not match.
+    std::vector<window::DisplayCatalogue::Entry> monitors = {
+        {window::Display::fromIdentity("headless", "headless", "", "HEADLESS-1"),
+         window::DisplayCatalogue::label("headless", "headless", "HEADLESS-1")},
+        {window::Display::fromIdentity("", "", "", "DP-2"), window::DisplayCatalogue::label("", "", "DP-2")},
+    };
+    window::DisplayCatalogue::setSource([&monitors] { return monitors; });
+    DisplayPicker picker(*settings);
+    EXPECT_EQ(itemsOf(&picker), QStringList({"headless headless (HEADLESS-1)", "DP-2"}));
+    settings->display.write(monitors[1].display->id);
+    EXPECT_EQ(picker.currentIndex(), 1);
+
+    // DP-2 unplugged: the first monitor is shown, the key is kept for its return.
+    monitors.pop_back();
+    window::DisplayObservable::instance().notifyScreensChanged();
+    EXPECT_EQ(itemsOf(&picker), QStringList({"headless headless (HEADLESS-1)"}));
+    EXPECT_EQ(picker.currentIndex(), 0);
+    EXPECT_EQ(settings->display.read(), window::Display::fromIdentity("", "", "", "DP-2")->id);
+    window::DisplayCatalogue::setSource(nullptr);
 }
 
 TEST_F(SettingsWindowTest, EveryTabDrawsItsControls) {

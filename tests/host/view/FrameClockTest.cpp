@@ -54,5 +54,31 @@ TEST(FrameClockTest, TicksWhileRunningAndNeverWhilePaused) {
     EXPECT_FALSE(clock.isRunning());
 }
 
+TEST(FrameClockTest, PacedByPresentationTicksOncePerPresentedFrame) {
+    testing::testApplication();
+    FrameClock clock;
+    clock.setWaitsForPresentation(true);
+    clock.setFramesPerSecond(50);
+    QSignalSpy ticks(&clock, &FrameClock::tick);
+    clock.setPaused(false);
+    ASSERT_TRUE(ticks.wait(1000));
+
+    // Nothing was presented (a hidden surface): no further tick, no timer armed.
+    QTest::qWait(120);
+    EXPECT_EQ(ticks.count(), 1);
+    EXPECT_FALSE(clock.isRunning());
+
+    // Presented long after the tick: the next one is due at once; then it waits again.
+    clock.presented();
+    EXPECT_TRUE(ticks.wait(100));
+    QTest::qWait(120);
+    EXPECT_EQ(ticks.count(), 2);
+
+    // Paused, a late presentation arms nothing.
+    clock.setPaused(true);
+    clock.presented();
+    EXPECT_FALSE(clock.isRunning());
+}
+
 } // namespace
 } // namespace host::view
