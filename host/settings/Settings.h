@@ -62,6 +62,8 @@ public:
     const SettingsKey<float> sceneSpeed{store_, QStringLiteral("sceneSpeed"), 1.5f};
     /// "auto", "day", "night", "dusk" or "dawn".
     const SettingsKey<QString> sceneTime{store_, QStringLiteral("sceneTime"), QStringLiteral("auto")};
+    /// The scene shown: "nivalis", "spirelight", "betonia" or "example"; anything else shows Nivalis.
+    const SettingsKey<QString> scene{store_, QStringLiteral("scene"), QStringLiteral("nivalis")};
     /// Font name of the clock.
     const SettingsKey<QString> clockFont{store_, QStringLiteral("clockFont"), QStringLiteral("Baloo")};
     /// Unicode date pattern of the clock ("h:mm", "hh:mm", "H:mm", "HH:mm").

@@ -3,7 +3,7 @@
 #include "host/clock/ClockFonts.h"
 #include "host/settings/Settings.h"
 #include "host/system/SystemEvents.h"
-#include "host/view/NivalisContent.h"
+#include "host/view/ChosenSceneContent.h"
 #include "host/view/Resources.h"
 #include "host/view/WallpaperView.h"
 #include "host/window/DesktopWindow.h"
@@ -16,16 +16,17 @@ namespace host::window {
 
 namespace {
 
-std::unique_ptr<view::SceneContent> nivalisContent(settings::Settings& settings) {
+std::unique_ptr<view::SceneContent> chosenContent(settings::Settings& settings) {
     const QString resources = view::Resources::directory();
     clock::ClockFonts::instance().loadFrom(QDir(resources).filePath(QStringLiteral("fonts")));
-    return std::make_unique<view::NivalisContent>(resources, [&settings] { return settings.sceneTime.read(); });
+    return std::make_unique<view::ChosenSceneContent>(resources, settings.scene.read(),
+                                                      [&settings] { return settings.sceneTime.read(); });
 }
 
 } // namespace
 
 DesktopWallpaper::DesktopWallpaper(settings::Settings& settings, system::SystemEvents& events)
-    : DesktopWallpaper(settings, &events, nivalisContent(settings)) {}
+    : DesktopWallpaper(settings, &events, chosenContent(settings)) {}
 
 DesktopWallpaper::DesktopWallpaper(settings::Settings& settings, system::SystemEvents* events,
                                    std::unique_ptr<view::SceneContent> content)
@@ -139,6 +140,12 @@ void DesktopWallpaper::rebuildContent() {
         delete view_.data();
     }
     makeView();
+}
+
+void DesktopWallpaper::setScene(const QString& name) {
+    if (content_->setScene(name)) {
+        rebuildContent();
+    }
 }
 
 void DesktopWallpaper::setSceneSettings(bool vignette, float cameraPeriod) {

@@ -50,6 +50,7 @@ public:
     void updateLevel() override;
     void setShowOnAllSpaces(bool all) override;
     void rebuildContent() override;
+    void setScene(const QString& name) override;
     void setSceneSettings(bool vignette, float cameraPeriod) override;
     bool hasRenderer() const override;
     void setTimeOfDay(engine::utils::TimeOfDay timeOfDay) override;

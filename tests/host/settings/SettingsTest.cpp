@@ -80,7 +80,7 @@ TEST_F(SettingsTest, KeyTableNamesAndOrder) {
     }
     EXPECT_EQ(names, (QStringList{"hideMenuBarIcon", "display", "deactivateOnBattery", "showOnAllSpaces",
                                   "bringBrowsingModeToFront", "muteAudio", "extendVeilBelowMenuBar", "fps",
-                                  "lowPowerMode", "batteryMode", "sceneVignette", "sceneSpeed", "sceneTime",
+                                  "lowPowerMode", "batteryMode", "sceneVignette", "sceneSpeed", "sceneTime", "scene",
                                   "clockFont", "clockFormat", "clockEnabled", "clockOpacity", "clockSize"}));
     EXPECT_EQ(settings->find(QStringLiteral("clockSize")), &settings->clockSize);
     EXPECT_EQ(settings->find(QStringLiteral("ClockSize")), nullptr);
