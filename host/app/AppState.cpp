@@ -6,6 +6,7 @@
 #include "host/settings/Settings.h"
 #include "host/system/PowerSourceWatcher.h"
 #include "host/system/SystemEvents.h"
+#include "renderer/SceneFactory.h"
 
 #include <QCoreApplication>
 #include <QTimer>
@@ -85,6 +86,11 @@ void AppState::setUpEvents() {
         s.sceneVignette.subscribe(ObservationOption::Initial, [this](auto&) { applySceneSettings(); }));
     cancellables_.push_back(s.sceneSpeed.subscribe(ObservationOption::Initial, [this](auto&) { applySceneSettings(); }));
     cancellables_.push_back(s.sceneTime.subscribe(ObservationOption::Initial, [this](auto&) { applySceneSettings(); }));
+    // The window starts with the stored scene; later choices swap it live.
+    cancellables_.push_back(s.scene.subscribe(ObservationOption::None, [this](auto&) {
+        output_.setScene(scene());
+        emit stateChanged();
+    }));
     cancellables_.push_back(s.clockFont.subscribe(ObservationOption::Initial, [this](auto&) { applyClockSettings(); }));
     cancellables_.push_back(
         s.clockFormat.subscribe(ObservationOption::Initial, [this](auto&) { applyClockSettings(); }));
@@ -139,6 +145,10 @@ void AppState::updateFps(std::optional<int> fps) {
     framesPerSecond_ = rate;
     output_.setPreferredFramesPerSecond(rate);
     emit stateChanged();
+}
+
+QString AppState::scene() const {
+    return QString::fromStdString(renderer::SceneFactory::known(settings_.scene.read().toStdString()));
 }
 
 void AppState::applySceneSettings() {
@@ -198,12 +208,31 @@ void AppState::rebuildMenu() {
     if (const std::optional<QString> title = toggleTitle()) {
         menu_->addCallbackItem(*title, QString(), [this] { toggleManuallyDisabled(); });
     }
+    addSceneMenu();
     menu_->addSeparator();
     menu_->addCallbackItem(tr("Settings…"), QStringLiteral("Ctrl+,"), [this] {
         QMetaObject::invokeMethod(this, [this] { emit settingsRequested(); }, Qt::QueuedConnection);
     });
     menu_->addCallbackItem(tr("About"), QString(), [this] { emit aboutRequested(); });
     menu_->addCallbackItem(tr("Quit"), QStringLiteral("Ctrl+Q"), [this] { emit quitRequested(); });
+}
+
+void AppState::addSceneMenu() {
+    // The menu is rebuilt at each opening; the submenu of the last one goes with it.
+    for (QMenu* former : menu_->findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly)) {
+        former->deleteLater();
+    }
+    QMenu* scenes = menu_->addMenu(tr("Scene"));
+    const QString current = scene();
+    for (std::string_view name : renderer::SceneFactory::NAMES) {
+        const QString key = QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
+        QString title = key;
+        title[0] = title[0].toUpper();
+        QAction* action = scenes->addAction(title);
+        action->setCheckable(true);
+        action->setChecked(key == current);
+        connect(action, &QAction::triggered, this, [this, key] { settings_.scene.write(key); });
+    }
 }
 
 void AppState::setScreenLocked(bool locked) {

@@ -66,7 +66,10 @@ public:
     /// The frame-rate rule: `fps` (or the key `fps` when absent), capped at 30 on battery when
     /// `batteryMode` is on, set to 20 in power-saver mode when `lowPowerMode` is on.
     void updateFps(std::optional<int> fps = std::nullopt);
-    /// Carries `sceneVignette`, `sceneSpeed` and `sceneTime` to the scene and its renderer.
+    /// The scene shown: the key `scene`, where an unknown value reads as "nivalis".
+    QString scene() const;
+    /// Carries `sceneVignette`, `sceneSpeed` and `sceneTime` to the scene and its renderer (the
+    /// time of day reaches Nivalis alone; a scene without a setting ignores it).
     void applySceneSettings();
     /// Carries the clock keys to the clock overlay: enabled, font, format, opacity, size.
     void applyClockSettings();
@@ -79,8 +82,9 @@ public:
     /// otherwise), or nothing while the rule hides it: off by the lock alone, and on battery, or
     /// `deactivateOnBattery` on, or no power-source watcher.
     std::optional<QString> toggleTitle() const;
-    /// Fills the menu: Enable/Disable (when its rule allows), a separator, "Settings…",
-    /// "About", "Quit".
+    /// Fills the menu: Enable/Disable (when its rule allows), the "Scene" submenu (the four
+    /// scenes, the shown one checked; choosing one writes the key `scene`), a separator,
+    /// "Settings…", "About", "Quit".
     void rebuildMenu();
 
     /// A lock (true) or unlock (false) of the screen.
@@ -121,6 +125,7 @@ signals:
 
 private:
     void setUpEvents();
+    void addSceneMenu();
     menu::StatusItem& ensureStatusItem();
     void logLine(const char* text);
 

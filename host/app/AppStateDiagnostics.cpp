@@ -47,4 +47,8 @@ void AppStateDiagnostics::ToggleEnabled() {
     state_.toggleManuallyDisabled();
 }
 
+QString AppStateDiagnostics::scene() const {
+    return state_.scene();
+}
+
 } // namespace host::app

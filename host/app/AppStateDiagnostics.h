@@ -22,6 +22,7 @@ class AppStateDiagnostics : public QObject {
     Q_PROPERTY(int FramesPerSecond READ framesPerSecond)
     Q_PROPERTY(qulonglong FrameCount READ frameCount)
     Q_PROPERTY(bool StatusIconVisible READ statusIconVisible)
+    Q_PROPERTY(QString Scene READ scene)
 public:
     /// Object path of the diagnostics.
     static constexpr const char* objectPath = "/org/nivalis/Nivalis/Diagnostics";
@@ -38,6 +39,8 @@ public:
     int framesPerSecond() const;
     qulonglong frameCount() const;
     bool statusIconVisible() const;
+    /// The scene shown ("nivalis", "spirelight", "betonia" or "example").
+    QString scene() const;
 
 public slots:
     /// Runs the menu's Enable/Disable.

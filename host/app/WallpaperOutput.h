@@ -58,6 +58,11 @@ public:
     /// appears (and so emits `appeared` again).
     virtual void rebuildContent() = 0;
 
+    /// Shows the scene of that name ("nivalis", "spirelight", "betonia", "example"; anything
+    /// else is Nivalis) from now on: when it differs from the one shown, the old view goes with
+    /// its renderer and GL objects, and a new view makes the new scene's renderer (and emits
+    /// `appeared` again). Before `createWindow` it only picks the scene the window will show.
+    virtual void setScene(const QString& name) = 0;
     /// Writes the scene's `vignette` and `cameraPeriod`; the scene takes them up next frame.
     virtual void setSceneSettings(bool vignette, float cameraPeriod) = 0;
     /// Whether the view has made its renderer (the process-wide current renderer exists).

@@ -9,6 +9,7 @@
 #include "host/ui/SettingsTab.h"
 #include "host/ui/WindowKeys.h"
 #include "host/window/X11DesktopSharing.h"
+#include "renderer/SceneFactory.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -222,6 +223,18 @@ QWidget* SettingsWindow::makeScene() {
     widget->setObjectName(QStringLiteral("SceneSettings"));
     QVBoxLayout* layout = page(widget);
     QFormLayout* form = section(layout);
+
+    auto* scene = new QComboBox;
+    scene->setObjectName(QStringLiteral("scene"));
+    for (std::string_view name : renderer::SceneFactory::NAMES) {
+        const QString value = QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
+        QString label = value;
+        label[0] = label[0].toUpper();
+        scene->addItem(label, value);
+    }
+    scene->setToolTip(QStringLiteral("The picture on the desktop; it changes at once"));
+    form->addRow(QStringLiteral("Scene"), scene);
+    bindings_.push_back(KeyBinding::picker(scene, settings_.scene));
 
     QCheckBox* vignette = toggle(form, QStringLiteral("Vignette"), QStringLiteral("sceneVignette"));
     vignette->setToolTip(QStringLiteral("Photographic vignette in the corners of scene"));

@@ -83,6 +83,19 @@ void FrameDriver::appear() {
     emit appeared();
 }
 
+void FrameDriver::remakeRenderer() {
+    if (renderer_ == nullptr || !surface_.makeCurrent()) {
+        return;
+    }
+    if (gCurrentRenderer == renderer_.get()) {
+        gCurrentRenderer = nullptr;
+    }
+    renderer_.reset();
+    renderer_ = content_.makeRenderer();
+    gCurrentRenderer = renderer_.get();
+    emit appeared();
+}
+
 void FrameDriver::release() {
     if (gCurrentRenderer == renderer_.get()) {
         gCurrentRenderer = nullptr;

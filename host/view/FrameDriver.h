@@ -50,6 +50,9 @@ public:
     void appear();
     /// Whether `appear` has made a renderer.
     bool hasAppeared() const { return renderer_ != nullptr; }
+    /// Replaces the renderer by a new one of the content's present scene, the old one and its GL
+    /// objects going first, then emits `appeared` again. Before `appear`: nothing.
+    void remakeRenderer();
     /// Frees the renderer and the overlay with the context current; the surface calls it
     /// before it goes away.
     void release();

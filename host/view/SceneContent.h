@@ -2,12 +2,14 @@
 
 #include "host/view/FrameRenderer.h"
 
+#include <QString>
+
 #include <memory>
 
 namespace host::view {
 
-/// The scene that the drawing view shows, and the way to make renderers of it. The scene is
-/// made once and outlives every renderer: each appearing of a view makes a new renderer over it.
+/// The scene that the drawing view shows, and the way to make renderers of it. A scene outlives
+/// every renderer of it: each appearing of a view makes a new renderer over the current scene.
 class SceneContent {
 public:
     virtual ~SceneContent() = default;
@@ -16,6 +18,12 @@ public:
     /// A missing required asset ends the process, as the renderer's loaders do.
     virtual std::unique_ptr<FrameRenderer> makeRenderer() = 0;
 
+    /// Makes the scene of `name` the one that the next renderer shows; true when that changed
+    /// the scene. A content of one scene keeps it and answers false.
+    virtual bool setScene(const QString& name) {
+        (void)name;
+        return false;
+    }
     /// Writes the scene's vignette switch and camera period; it takes them up at its next frame.
     virtual void setSceneSettings(bool vignette, float cameraPeriod) = 0;
 };

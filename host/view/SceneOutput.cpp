@@ -4,7 +4,7 @@
 #include "host/settings/Settings.h"
 #include "host/view/FrameDriver.h"
 #include "host/view/FrameRenderer.h"
-#include "host/view/NivalisContent.h"
+#include "host/view/ChosenSceneContent.h"
 #include "host/view/Resources.h"
 
 #include <QDir>
@@ -15,10 +15,17 @@ SceneOutput::SceneOutput(std::unique_ptr<SceneContent> content) : content_(std::
 
 SceneOutput::~SceneOutput() = default;
 
-std::unique_ptr<SceneContent> SceneOutput::nivalisContent(settings::Settings& settings) {
+std::unique_ptr<SceneContent> SceneOutput::chosenContent(settings::Settings& settings) {
     const QString resources = Resources::directory();
     clock::ClockFonts::instance().loadFrom(QDir(resources).filePath(QStringLiteral("fonts")));
-    return std::make_unique<NivalisContent>(resources, [&settings] { return settings.sceneTime.read(); });
+    return std::make_unique<ChosenSceneContent>(resources, settings.scene.read(),
+                                                [&settings] { return settings.sceneTime.read(); });
+}
+
+void SceneOutput::setScene(const QString& name) {
+    if (content_->setScene(name)) {
+        rebuildContent();
+    }
 }
 
 void SceneOutput::setSceneSettings(bool vignette, float cameraPeriod) {

@@ -26,10 +26,13 @@ public:
     explicit SceneOutput(std::unique_ptr<SceneContent> content);
     ~SceneOutput() override;
 
-    /// The Nivalis scene from the program's resources (loading the clock's fonts from there
-    /// too), its time of day read from `settings`.
-    static std::unique_ptr<SceneContent> nivalisContent(settings::Settings& settings);
+    /// The scene of the key `scene` from the program's resources (loading the clock's fonts
+    /// from there too), Nivalis' time of day read from `settings`.
+    static std::unique_ptr<SceneContent> chosenContent(settings::Settings& settings);
 
+    /// Makes `name` the scene shown; when that changes the scene, the content is rebuilt so
+    /// that a new renderer of it replaces the old one and its GL objects.
+    void setScene(const QString& name) override;
     void setSceneSettings(bool vignette, float cameraPeriod) override;
     bool hasRenderer() const override;
     void setTimeOfDay(engine::utils::TimeOfDay timeOfDay) override;

@@ -13,7 +13,7 @@
 namespace host::wayland {
 
 LayerShellWallpaper::LayerShellWallpaper(settings::Settings& settings, WaylandConnection& connection)
-    : LayerShellWallpaper(settings, connection, nivalisContent(settings)) {}
+    : LayerShellWallpaper(settings, connection, chosenContent(settings)) {}
 
 LayerShellWallpaper::LayerShellWallpaper(settings::Settings& settings, WaylandConnection& connection,
                                          std::unique_ptr<view::SceneContent> content)
@@ -152,8 +152,9 @@ void LayerShellWallpaper::setShowOnAllSpaces(bool) {
 }
 
 void LayerShellWallpaper::rebuildContent() {
-    // One renderer lives as long as the context and keeps drawing into the same surface:
-    // nothing that a new view would change exists here.
+    // The surface and its context stay; only the renderer is made anew, over the content's
+    // present scene (a new scene choice comes this way).
+    driver_.remakeRenderer();
 }
 
 std::uint64_t LayerShellWallpaper::frameCount() const {

@@ -11,7 +11,7 @@
 namespace host::window {
 
 DesktopWallpaper::DesktopWallpaper(settings::Settings& settings, system::SystemEvents& events)
-    : DesktopWallpaper(settings, &events, nivalisContent(settings)) {}
+    : DesktopWallpaper(settings, &events, chosenContent(settings)) {}
 
 DesktopWallpaper::DesktopWallpaper(settings::Settings& settings, system::SystemEvents* events,
                                    std::unique_ptr<view::SceneContent> content)

@@ -12,7 +12,7 @@
 #include "engine/IllegalStateError.h"
 #include "engine/commands/DrawMeshCommand.h"
 #include "engine/commands/GroupCommand.h"
-#include "engine/commands/MainPassCommand.h"
+#include "renderer/SceneFactory.h"
 #include "scenes/betonia/BetoniaScene.h"
 #include "scenes/example/ExampleScene.h"
 #include "scenes/nivalis/Meshes.h"
@@ -281,23 +281,10 @@ void erase(engine::Scene::CommandList& commands, const CommandSet& hidden, Comma
 } // namespace
 
 std::shared_ptr<engine::Scene> SceneSetup::create(const std::string& name) {
-    if (name == "nivalis") {
-        return std::make_shared<scenes::nivalis::NivalisScene>();
+    if (renderer::SceneFactory::known(name) != name) {
+        throw std::invalid_argument("Unknown scene '" + name + "' (nivalis, spirelight, betonia, example)");
     }
-    if (name == "spirelight") {
-        return std::make_shared<scenes::spirelight::SpirelightScene>();
-    }
-    if (name == "betonia") {
-        return std::make_shared<scenes::betonia::BetoniaScene>();
-    }
-    if (name == "example") {
-        auto scene = std::make_shared<scenes::example::ExampleScene>();
-        // The sample's tree draws straight into whatever pass stands open and opens none of its
-        // own; shown on its own, it is hung under one main pass, as a host that embeds it would.
-        scene->commands = {std::make_shared<engine::commands::MainPassCommand>(true, scene->commands)};
-        return scene;
-    }
-    throw std::invalid_argument("Unknown scene '" + name + "' (nivalis, spirelight, betonia, example)");
+    return renderer::SceneFactory::makeScene(name);
 }
 
 std::string SceneSetup::resourcesRoot(const std::string& name) { return name; }

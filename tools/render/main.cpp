@@ -11,10 +11,7 @@
 #include <vector>
 
 #include "engine/math/Random.h"
-#include "renderer/BetoniaRenderer.h"
-#include "renderer/ExampleRenderer.h"
-#include "renderer/NivalisRenderer.h"
-#include "renderer/SpirelightRenderer.h"
+#include "renderer/SceneFactory.h"
 #include "renderer/gl/EpoxyGl.h"
 #include "renderer/headless/HeadlessContext.h"
 #include "renderer/headless/OffscreenTarget.h"
@@ -47,23 +44,6 @@ std::filesystem::path defaultResources(const char* argv0) {
         return beside;
     }
     return directory.parent_path() / "share" / "nivalis";
-}
-
-std::unique_ptr<renderer::SceneRenderer> makeRenderer(renderer::gl::Gl& gl, const std::string& name,
-                                                      std::shared_ptr<engine::Scene> scene,
-                                                      renderer::SceneRenderer::Options options) {
-    const std::string root = SceneSetup::resourcesRoot(name);
-    if (name == "nivalis") {
-        // A fixed start instead of the wall clock; the scene's own time of day is set afterwards.
-        return std::make_unique<renderer::NivalisRenderer>(gl, std::move(scene), root, std::move(options), "day");
-    }
-    if (name == "spirelight") {
-        return std::make_unique<renderer::SpirelightRenderer>(gl, std::move(scene), root, std::move(options));
-    }
-    if (name == "betonia") {
-        return std::make_unique<renderer::BetoniaRenderer>(gl, std::move(scene), root, std::move(options));
-    }
-    return std::make_unique<renderer::ExampleRenderer>(gl, std::move(scene), root, std::move(options));
 }
 
 int run(const RenderOptions& options, const char* argv0) {
@@ -111,7 +91,9 @@ int run(const RenderOptions& options, const char* argv0) {
     rendererOptions.astcDecoding = options.astc;
     // The fixed clock: the first frame at --at, each next one --step later, in seconds.
     rendererOptions.clock = [&options, &frame] { return (options.at + frame * options.step) / 1000.0; };
-    auto sceneRenderer = makeRenderer(gl, options.scene, scene, std::move(rendererOptions));
+    // Nivalis starts at a fixed time of day instead of the wall clock; its own is set afterwards.
+    auto sceneRenderer =
+        renderer::SceneFactory::makeRenderer(gl, options.scene, scene, std::move(rendererOptions), "day");
     // Again after loading: the renderer has written its start-up time of day into the scene.
     SceneSetup::apply(*scene, options);
 

@@ -291,8 +291,8 @@ TEST_F(AppStateTest, FpsKeyChangeUsesTheNewValue) {
 
 TEST_F(AppStateTest, MenuToggleRuleWhileLocked) {
     launch();
-    const QStringList tail{QStringLiteral("-"), QStringLiteral("Settings…"), QStringLiteral("About"),
-                           QStringLiteral("Quit")};
+    const QStringList tail{QStringLiteral("Scene"), QStringLiteral("-"), QStringLiteral("Settings…"),
+                           QStringLiteral("About"), QStringLiteral("Quit")};
     EXPECT_EQ(openMenu(), QStringList{QStringLiteral("Disable")} + tail);
 
     state->setScreenLocked(true);
@@ -316,18 +316,18 @@ TEST_F(AppStateTest, MenuToggleRuleWhileLocked) {
 TEST_F(AppStateTest, MenuWithoutWatcherHidesToggleWhileLocked) {
     launch(false);
     state->setScreenLocked(true);
-    EXPECT_EQ(openMenu().first(), QStringLiteral("-"));
+    EXPECT_EQ(openMenu().first(), QStringLiteral("Scene"));
 }
 
 TEST_F(AppStateTest, MenuItemsShortcutsAndActions) {
     launch();
     emit state->menu().aboutToShow();
     const QList<QAction*> actions = state->menu().actions();
-    ASSERT_EQ(actions.size(), 5);
+    ASSERT_EQ(actions.size(), 6);
     EXPECT_TRUE(actions.at(0)->shortcut().isEmpty());
-    EXPECT_EQ(actions.at(2)->shortcut(), QKeySequence(QStringLiteral("Ctrl+,")));
-    EXPECT_TRUE(actions.at(3)->shortcut().isEmpty());
-    EXPECT_EQ(actions.at(4)->shortcut(), QKeySequence(QStringLiteral("Ctrl+Q")));
+    EXPECT_EQ(actions.at(3)->shortcut(), QKeySequence(QStringLiteral("Ctrl+,")));
+    EXPECT_TRUE(actions.at(4)->shortcut().isEmpty());
+    EXPECT_EQ(actions.at(5)->shortcut(), QKeySequence(QStringLiteral("Ctrl+Q")));
     for (QAction* action : actions) {
         EXPECT_TRUE(action->isEnabled());
         EXPECT_FALSE(action->isChecked());
@@ -336,17 +336,17 @@ TEST_F(AppStateTest, MenuItemsShortcutsAndActions) {
     QSignalSpy settingsSpy(state.get(), &AppState::settingsRequested);
     QSignalSpy aboutSpy(state.get(), &AppState::aboutRequested);
     QSignalSpy quitSpy(state.get(), &AppState::quitRequested);
-    actions.at(2)->trigger();
+    actions.at(3)->trigger();
     EXPECT_EQ(settingsSpy.count(), 0) << "the settings open on the next turn of the event loop";
     QCoreApplication::processEvents();
     EXPECT_EQ(settingsSpy.count(), 1);
-    actions.at(3)->trigger();
-    EXPECT_EQ(aboutSpy.count(), 1);
     actions.at(4)->trigger();
+    EXPECT_EQ(aboutSpy.count(), 1);
+    actions.at(5)->trigger();
     EXPECT_EQ(quitSpy.count(), 1);
 
     // The next opening builds a fresh menu, not one more set of items.
-    EXPECT_EQ(openMenu().size(), 5);
+    EXPECT_EQ(openMenu().size(), 6);
 }
 
 TEST_F(AppStateTest, HiddenIconIsRevealedAtLaunchThenHidden) {

@@ -45,6 +45,7 @@ public:
     void updateLevel() override { calls << QStringLiteral("updateLevel"); }
     void setShowOnAllSpaces(bool all) override { calls << QStringLiteral("setShowOnAllSpaces(%1)").arg(flag(all)); }
     void rebuildContent() override { calls << QStringLiteral("rebuildContent"); }
+    void setScene(const QString& name) override { calls << QStringLiteral("setScene(%1)").arg(name); }
     void setSceneSettings(bool vignette, float cameraPeriod) override {
         calls << QStringLiteral("setSceneSettings(%1,%2)").arg(flag(vignette)).arg(double(cameraPeriod));
     }

@@ -14,9 +14,7 @@
 #include "engine/commands/ClearColorCommand.h"
 #include "engine/commands/DrawMeshCommand.h"
 #include "engine/commands/GroupCommand.h"
-#include "renderer/BetoniaRenderer.h"
-#include "renderer/NivalisRenderer.h"
-#include "renderer/SpirelightRenderer.h"
+#include "renderer/SceneFactory.h"
 #include "renderer/gl/EpoxyGl.h"
 #include "renderer/headless/HeadlessContext.h"
 #include "renderer/headless/OffscreenTarget.h"
@@ -43,14 +41,7 @@ Pixels draw(const std::string& name, RenderOptions options, const std::function<
     renderer::SceneRenderer::Options rendererOptions;
     rendererOptions.resources = NIVALIS_RESOURCES_DIR;
     rendererOptions.clock = [&frame] { return 60.0 + frame; };
-    std::unique_ptr<renderer::SceneRenderer> renderer;
-    if (name == "spirelight") {
-        renderer = std::make_unique<renderer::SpirelightRenderer>(gl, scene, name, rendererOptions);
-    } else if (name == "betonia") {
-        renderer = std::make_unique<renderer::BetoniaRenderer>(gl, scene, name, rendererOptions);
-    } else {
-        renderer = std::make_unique<renderer::NivalisRenderer>(gl, scene, name, rendererOptions, "day");
-    }
+    auto renderer = renderer::SceneFactory::makeRenderer(gl, name, scene, rendererOptions, "day");
     SceneSetup::apply(*scene, options);
     if (tweak) {
         tweak(*scene);

@@ -32,11 +32,14 @@ std::string regionOf(const Vec3d& centre, const Vec3d& normal) {
     if (r < 66.0) {
         return normal.dot(light()) > 0.55 ? "center_rock_bright" : "center_rock_dark";
     }
+    // The valley floor and the hills are lit like the rock: faces turned to the sun take the
+    // brighter green, faces turned away the darker one, so the land reads in depth and light
+    // instead of as two flat bands. Out on the plain the haze takes over.
     if (r < 470.0) {
-        return "ground_1";
+        return normal.dot(light()) > 0.62 ? "ground_1" : "hills";
     }
     if (r < 1750.0) {
-        return "hills";
+        return normal.dot(light()) > 0.72 ? "ground_1" : "hills";
     }
     if (r < 3100.0) {
         return "ground_2";

@@ -41,17 +41,45 @@ struct Features {
     std::vector<std::function<bool(double, double)>> keepOut;
 };
 
-void addEllipse(std::vector<Point>& points, const Geography::Pad& pad, double grow, double spacing) {
+void addEllipse(std::vector<Point>& points, const Geography::Pad& pad, double grow, double spacing,
+                double phase = 0.0) {
     const double a = pad.direction * kPi / 180.0;
     const double along = pad.along + grow;
     const double across = pad.across + grow;
     const double perimeter = kPi * (3.0 * (along + across) - std::sqrt((3.0 * along + across) * (along + 3.0 * across)));
     const int count = std::max(8, static_cast<int>(std::ceil(perimeter / spacing)));
     for (int k = 0; k < count; ++k) {
-        const double t = 2.0 * kPi * k / count;
+        const double t = 2.0 * kPi * (k + phase) / count;
         const double u = std::cos(t) * along;
         const double v = std::sin(t) * across;
         points.push_back({pad.x + u * std::cos(a) - v * std::sin(a), pad.y + u * std::sin(a) + v * std::cos(a)});
+    }
+}
+
+/// Points over the inside of a pad's ellipse, `spacing` apart on a grid along its axes, each
+/// moved a little about its place, clear of the rim by most of a spacing. A pad filled this way
+/// meshes into facets like the open ice; its middle alone would fan out into slivers to the rim.
+void fillEllipse(std::vector<Point>& points, const Geography::Pad& pad, double spacing) {
+    const double a = pad.direction * kPi / 180.0;
+    const double along = pad.along - 0.7 * spacing;
+    const double across = pad.across - 0.7 * spacing;
+    if (along <= 0.0 || across <= 0.0) {
+        points.push_back({pad.x, pad.y});
+        return;
+    }
+    const auto seed = static_cast<std::uint32_t>(std::lround(pad.x * 7.0 + pad.y * 13.0));
+    const int nu = static_cast<int>(std::ceil(along / spacing));
+    const int nv = static_cast<int>(std::ceil(across / spacing));
+    for (int i = -nu; i <= nu; ++i) {
+        for (int j = -nv; j <= nv; ++j) {
+            const std::uint32_t h = core::Noise::hash(i, j, seed);
+            const double u = (i + ((h & 0xFF) / 255.0 - 0.5) * 0.5 + (j % 2 == 0 ? 0.0 : 0.5)) * spacing;
+            const double v = (j + (((h >> 8) & 0xFF) / 255.0 - 0.5) * 0.5) * spacing;
+            if ((u / along) * (u / along) + (v / across) * (v / across) > 1.0) {
+                continue;
+            }
+            points.push_back({pad.x + u * std::cos(a) - v * std::sin(a), pad.y + u * std::sin(a) + v * std::cos(a)});
+        }
     }
 }
 
@@ -61,10 +89,19 @@ Features featuresIn(const Geography& geography, const Bounds& bounds) {
         if (!bounds.contains(pad.x, pad.y)) {
             continue;
         }
-        f.points.push_back({pad.x, pad.y});
-        addEllipse(f.points, pad, 0.0, 18.0);
-        addEllipse(f.points, pad, pad.blend * 0.5, 30.0);
-        addEllipse(f.points, pad, pad.blend, 40.0);
+        fillEllipse(f.points, pad, 26.0);
+        // Rings over the blend, about as far apart as their points and each turned half a step
+        // from the one inside, so that the slope meshes into even facets, not spokes.
+        double spacing = 22.0;
+        int ring = 0;
+        for (double grow = 0.0; grow <= pad.blend + 1e-9; ++ring) {
+            addEllipse(f.points, pad, grow, spacing, 0.5 * (ring % 2));
+            if (grow == pad.blend) {
+                break;
+            }
+            grow = std::min(pad.blend, grow + spacing * 0.87);
+            spacing = 22.0 + 26.0 * std::min(1.0, grow / std::max(pad.blend, 1.0));
+        }
         const double reach = std::max(pad.along, pad.across) + pad.blend + 25.0;
         f.keepOut.push_back([=](double x, double y) { return std::hypot(x - pad.x, y - pad.y) < reach; });
     }

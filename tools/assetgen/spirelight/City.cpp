@@ -176,14 +176,14 @@ mesh::MeshData City::neonSigns() const {
     mesh::MeshData out;
     core::Rng rng(0x2E0A);
     for (const Tier& tier : tiers) {
-        if (tier.bottom > QUAY_TOP || rng.uniform() > 0.5) {
-            continue; // signs hang on the lowest tier of about half the towers
+        if (tier.bottom > QUAY_TOP || rng.uniform() > 0.6) {
+            continue; // signs hang on the lowest tier of most towers, high enough to be seen
         }
         const int side = rng.below(4);
         const bool vertical = rng.uniform() < 0.35;
         const double w = vertical ? rng.uniform(0.035, 0.05) : rng.uniform(0.1, 0.17);
         const double h = vertical ? w * 2.6 : w * 0.5;
-        const double z = rng.uniform(0.12, std::max(0.15, std::min(0.8, tier.top - h - 0.05)));
+        const double z = rng.uniform(0.3, std::max(0.35, std::min(2.2, tier.top - h - 0.1)));
         const double half = side % 2 == 0 ? tier.halfX : tier.halfY;
         const double depth = side % 2 == 0 ? tier.halfY : tier.halfX;
         if (w > 2.0 * half - 0.02) {
