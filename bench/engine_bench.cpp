@@ -15,7 +15,7 @@
 #include "bench/ThreadCpuTime.h"
 #include "engine/commands/DrawStaticMeshCommand.h"
 #include "engine/math/Matrix.h"
-#include "tests/engine/allocation/SyntheticScene.h"
+#include "bench/SyntheticScene.h"
 #include "tests/support/AllocationCounter.h"
 
 namespace {

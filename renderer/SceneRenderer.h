@@ -26,9 +26,14 @@
 #include "renderer/RenderPipelineStateWithDepth.h"
 #include "renderer/ShaderFunctions.h"
 #include "renderer/ShaderUniforms.h"
+#include "renderer/assets/AssetTable.h"
+#include "renderer/draw/StateFilter.h"
+#include "renderer/draw/UniformStaging.h"
 #include "renderer/gl/Gl.h"
 #include "renderer/gpu/RenderEncoder.h"
 #include "renderer/gpu/RenderPassDescriptor.h"
+#include "renderer/passes/MultisampledTarget.h"
+#include "renderer/passes/PassWalk.h"
 
 namespace renderer {
 
@@ -59,8 +64,12 @@ namespace renderer {
 /// The frame path allocates nothing once every pipeline, chain and quad exists: uniforms go
 /// through four fixed staging arrays and are copied into GL at the call.
 ///
-/// All fields are public, in the order of the renderer's data model, so that hosts and tests
-/// can look at caches and slots.
+/// Each job is done by a part with a file of its own: `assets::AssetTable` loads and numbers the
+/// assets, `passes::PassWalk` walks the tree, `draw::StateFilter` filters state changes,
+/// `draw::UniformStaging` hands uniforms over, and `passes::MultisampledTarget` keeps the main
+/// pass's target; the renderer runs the passes and the draws with them. All fields are public,
+/// in the order of the renderer's data model, so that hosts and tests can look at caches and
+/// slots.
 class SceneRenderer {
 public:
     /// Everything a renderer takes from its surroundings besides GL and the scene.
@@ -82,9 +91,9 @@ public:
     };
 
     /// The most elements one uniform may have.
-    static constexpr std::size_t STAGING_SIZE = 128;
+    static constexpr std::size_t STAGING_SIZE = draw::UniformStaging::STAGING_SIZE;
     /// Texture slots per stage.
-    static constexpr int SLOTS = 8;
+    static constexpr int SLOTS = draw::StateFilter::SLOTS;
     /// Label of the main pass.
     static constexpr const char* MAIN_PASS_LABEL = "Main Render Encoder";
 
@@ -155,28 +164,40 @@ public:
     std::shared_ptr<engine::Scene> scene;
     std::string resourcesRoot;
     Options options;
+
+    // The parts that do the renderer's jobs, each in a file of its own.
+
+    /// The scene's meshes, textures, samplers and shaders, numbered.
+    assets::AssetTable assets{gl};
+    /// The filter of state changes and its caches.
+    draw::StateFilter stateFilter;
+    /// The staging of uniform values.
+    draw::UniformStaging uniformStaging;
+    /// The main pass's 4-sample target.
+    passes::MultisampledTarget multisampledTarget{gl};
+    /// The walks over the tree.
+    passes::PassWalk passWalk{*this};
+
+    // The renderer's data, in the order of its data model; those that a part keeps are names for
+    // the part's fields.
+
     /// Last colour given by a ClearColorCommand; survives from frame to frame.
     std::array<double, 4> clearColor{1.0, 0.0, 0.0, 1.0};
     /// Vignette colours as half floats, r, g, b, a.
     std::array<std::uint16_t, 4> colorVignette0_fp16{};
     std::array<std::uint16_t, 4> colorVignette1_fp16{};
-    /// Indexed by `Mesh::id`.
-    std::vector<FullModel> models;
-    /// GL textures, indexed by `Texture::id`.
-    std::vector<GLuint> textures;
-    /// GL samplers, indexed by `Texture::id`.
-    std::vector<GLuint> samplers;
-    /// Indexed by `Shader::id`; null where the library lacks the shader.
-    std::vector<std::shared_ptr<ShaderFunctions>> shaders;
+    std::vector<FullModel>& models = assets.models;
+    std::vector<GLuint>& textures = assets.textures;
+    std::vector<GLuint>& samplers = assets.samplers;
+    std::vector<std::shared_ptr<ShaderFunctions>>& shaders = assets.shaders;
     /// The uniform table in use.
     const ShaderUniforms* shadersUniforms = nullptr;
-    std::optional<FullModel> fmVignette;
-    std::optional<RenderPipelineStateWithDepth> vignettePipelineStateWithDepth;
-    /// Staging of float, half, int and short uniforms.
-    std::array<float, STAGING_SIZE> valueFp32{};
-    std::array<std::uint16_t, STAGING_SIZE> valueFp16{};
-    std::array<std::int32_t, STAGING_SIZE> valueInt32{};
-    std::array<std::int16_t, STAGING_SIZE> valueInt16{};
+    std::optional<FullModel>& fmVignette = assets.fmVignette;
+    std::optional<RenderPipelineStateWithDepth>& vignettePipelineStateWithDepth = assets.vignettePipelineStateWithDepth;
+    std::array<float, STAGING_SIZE>& valueFp32 = uniformStaging.valueFp32;
+    std::array<std::uint16_t, STAGING_SIZE>& valueFp16 = uniformStaging.valueFp16;
+    std::array<std::int32_t, STAGING_SIZE>& valueInt32 = uniformStaging.valueInt32;
+    std::array<std::int16_t, STAGING_SIZE>& valueInt16 = uniformStaging.valueInt16;
     /// Pipelines by the identity of the draw state.
     std::unordered_map<std::shared_ptr<engine::commands::DrawMeshState>, RenderPipelineStateWithDepth> pipelinesCache;
     /// Quads by DrawBlurredCommand id.
@@ -185,20 +206,16 @@ public:
     std::map<std::int32_t, std::unique_ptr<GaussianBlurRenderPass>> blurredPassesCache;
     /// The chain that ran last.
     GaussianBlurRenderPass* activeBlurredPass = nullptr;
-    /// State of the last DrawMeshCommand drawn; never cleared.
-    std::shared_ptr<engine::commands::DrawMeshState> activeState;
-    /// Last depth state set through drawMesh.
-    const gpu::DepthStencilState* activeDepthStencilState = nullptr;
-    /// Slot caches; 0 is an empty slot.
-    std::array<GLuint, SLOTS> activeFragmentTextures{};
-    std::array<GLuint, SLOTS> activeFragmentSamplers{};
-    std::array<GLuint, SLOTS> activeVertexTextures{};
-    /// The main pass's 4-sample colour target (a renderbuffer), its depth and framebuffer.
-    GLuint textureMsaa = 0;
-    GLuint depthMsaa = 0;
-    GLuint framebufferMsaa = 0;
-    GLsizei textureMsaaWidth = 0;
-    GLsizei textureMsaaHeight = 0;
+    std::shared_ptr<engine::commands::DrawMeshState>& activeState = stateFilter.activeState;
+    const gpu::DepthStencilState*& activeDepthStencilState = stateFilter.activeDepthStencilState;
+    std::array<GLuint, SLOTS>& activeFragmentTextures = stateFilter.activeFragmentTextures;
+    std::array<GLuint, SLOTS>& activeFragmentSamplers = stateFilter.activeFragmentSamplers;
+    std::array<GLuint, SLOTS>& activeVertexTextures = stateFilter.activeVertexTextures;
+    GLuint& textureMsaa = multisampledTarget.textureMsaa;
+    GLuint& depthMsaa = multisampledTarget.depthMsaa;
+    GLuint& framebufferMsaa = multisampledTarget.framebufferMsaa;
+    GLsizei& textureMsaaWidth = multisampledTarget.textureMsaaWidth;
+    GLsizei& textureMsaaHeight = multisampledTarget.textureMsaaHeight;
     /// Records every pass into GL.
     gpu::RenderEncoder encoder;
 
@@ -210,8 +227,6 @@ protected:
 
 private:
     void start();
-    void prepareMultisampledTarget(gpu::RenderPassDescriptor& descriptor, GLsizei width, GLsizei height);
-    void releaseMultisampledTarget();
     double now() const;
 
     const ShaderUniforms* uniforms_ = nullptr;

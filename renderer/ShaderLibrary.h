@@ -7,8 +7,10 @@
 namespace renderer {
 
 /// The renderer's shader library: the GLSL sources shipped with the resources, one vertex and
-/// one fragment stage per shader name N, in `<resources>/shaders/N.vert` and `N.frag`. A name
-/// whose files are missing is a shader that the library lacks.
+/// one fragment stage per shader name N, in `<resources>/shaders/N.vert` and `N.frag`. The blur
+/// kernels GaussianBlur4, GaussianBlur3 and GaussianBlur2 share the GaussianBlur sources and are
+/// built from them with their radius defined, where the library has no files of their own. A
+/// name whose files are missing is a shader that the library lacks.
 class ShaderLibrary {
 public:
     /// The library below `resources`; nothing when `<resources>/shaders` is no directory.
@@ -27,6 +29,8 @@ public:
 private:
     explicit ShaderLibrary(std::filesystem::path directory) : directory_(std::move(directory)) {}
     std::optional<std::string> read(const std::string& fileName) const;
+    /// The stage `extension` of shader `name`: its own file, or the shared source of a variant.
+    std::optional<std::string> stage(const std::string& name, const std::string& extension) const;
 
     std::filesystem::path directory_;
 };

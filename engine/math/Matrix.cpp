@@ -1,3 +1,5 @@
+// One file for the Matrix operations: they are one small library over the same column-major
+// layout and scratch arrays, and splitting it would scatter the index arithmetic they share.
 #include "engine/math/Matrix.h"
 
 #include <algorithm>

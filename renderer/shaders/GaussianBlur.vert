@@ -1,5 +1,5 @@
 #version 330 core
-// One pass of a separable Gaussian blur over the whole target (see GaussianBlur.frag).
+// One pass of a separable Gaussian blur over the whole target for every radius (see GaussianBlur.frag).
 
 layout(location = 0) in vec2 aPosition;
 layout(location = 1) in vec2 aUv;

@@ -19,6 +19,8 @@
 #include "scenes/betonia/Shaders.h"
 #include "scenes/betonia/Textures.h"
 #include "scenes/common/DrawBlurredResult.h"
+#include "scenes/common/FrameCycle.h"
+#include "scenes/common/TreeParts.h"
 
 namespace scenes::betonia {
 
@@ -37,11 +39,7 @@ using engine::math::Vec4;
 
 namespace {
 
-std::shared_ptr<GroupCommand> namedGroup(const std::string& name, std::vector<std::shared_ptr<Command>> children) {
-    auto group = std::make_shared<GroupCommand>(true, std::move(children));
-    group->name = name;
-    return group;
-}
+using Parts = common::TreeParts;
 
 std::shared_ptr<engine::commands::BlurredPassCommand> blurredPass(const std::string& name, bool enabled,
                                                                   std::int32_t id, std::int32_t minSize,
@@ -119,13 +117,13 @@ void BetoniaScene::buildTree() {
     clearGroup = std::make_shared<GroupCommand>(
         true, std::vector<std::shared_ptr<Command>>{clearColor, std::make_shared<engine::commands::ClearCommand>()});
 
-    room1 = namedGroup("room1", {draw(roomState, m.meshRoom1, t.texRoom1, sharedHints)});
+    room1 = Parts::namedGroup("room1", {draw(roomState, m.meshRoom1, t.texRoom1, sharedHints)});
     room1->enabled = false;
-    room2 = namedGroup("room2", {draw(roomState, m.meshRoom2Part0, t.texRoom20, sharedHints),
+    room2 = Parts::namedGroup("room2", {draw(roomState, m.meshRoom2Part0, t.texRoom20, sharedHints),
                                  draw(roomState, m.meshRoom2Part1, t.texRoom21, coarseHints()),
                                  draw(roomState, m.meshRoom2Part2, t.texRoom22, coarseHints())});
-    room1Blurred = namedGroup("room1-blurred", {draw(glowState, m.meshRoom1, t.texRoom21, coarseHints())});
-    room2Blurred = namedGroup("room2-blurred", {draw(glowState, m.meshRoom2Part0, t.texRoom21, coarseHints()),
+    room1Blurred = Parts::namedGroup("room1-blurred", {draw(glowState, m.meshRoom1, t.texRoom21, coarseHints())});
+    room2Blurred = Parts::namedGroup("room2-blurred", {draw(glowState, m.meshRoom2Part0, t.texRoom21, coarseHints()),
                                                 draw(glowState, m.meshRoom2Part1, t.texRoom21, coarseHints()),
                                                 draw(glowState, m.meshRoom2Part2, t.texRoom22, coarseHints())});
 
@@ -153,7 +151,7 @@ void BetoniaScene::buildTree() {
 
     auto mainPass = std::make_shared<engine::commands::MainPassCommand>(
         true, std::vector<std::shared_ptr<Command>>{clearGroup, room1, room2, drawBloom, vignette, clock});
-    mainGroup = namedGroup("mainGroup", {bloom1, bloom2, mainPass});
+    mainGroup = Parts::namedGroup("mainGroup", {bloom1, bloom2, mainPass});
 
     blurredMain = blurredPass("blurred-main", true, 2, 200, 0.93f, BlurSize::KERNEL_3);
     blurredMain->commands = {clearGroup, room1, room2, vignette};
@@ -161,24 +159,14 @@ void BetoniaScene::buildTree() {
     drawBlurred = common::drawBlurredResult();
     auto blurredMainPass = std::make_shared<engine::commands::MainPassCommand>(
         true, std::vector<std::shared_ptr<Command>>{clearGroup, drawBlurred});
-    blurredGroup = namedGroup("blurredGroup", {blurredMain, blurredMainPass});
+    blurredGroup = Parts::namedGroup("blurredGroup", {blurredMain, blurredMainPass});
 
     commands = {mainGroup, blurredGroup};
 }
 
 void BetoniaScene::initialize() {}
 
-void BetoniaScene::updateTimers(double time) {
-    timers.iterate(time);
-    cameraAnimator.animate(time);
-    animate();
-    lastFrameTime = time;
-}
-
-void BetoniaScene::updateViewportSize(std::int32_t width, std::int32_t height) {
-    viewportWidth = width;
-    viewportHeight = height;
-}
+void BetoniaScene::updateTimers(double time) { common::runFrame(*this, time); }
 
 void BetoniaScene::animate() {
     applySettings();

@@ -48,8 +48,6 @@ public:
     void initialize() override;
     /// The frame: timers, camera, animate(), then `lastFrameTime`.
     void updateTimers(double time) override;
-    /// Stores the drawable size; the projection follows at the next frame.
-    void updateViewportSize(std::int32_t width, std::int32_t height) override;
 
     /// Writes one frame: settings, projection, view, and the matrices of every draw.
     void animate();

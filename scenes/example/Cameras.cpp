@@ -31,9 +31,4 @@ Cameras::Cameras() {
     };
 }
 
-const Cameras& Cameras::shared() {
-    static const Cameras instance;
-    return instance;
-}
-
 } // namespace scenes::example

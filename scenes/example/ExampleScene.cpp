@@ -16,6 +16,8 @@
 #include "engine/commands/UniformFloatValue.h"
 #include "engine/commands/UniformIntValue.h"
 #include "engine/commands/UniformTextureValue.h"
+#include "scenes/common/FrameCycle.h"
+#include "scenes/common/TreeParts.h"
 #include "scenes/example/Cameras.h"
 #include "scenes/example/Meshes.h"
 #include "scenes/example/Shaders.h"
@@ -39,19 +41,9 @@ using engine::math::Vec4;
 
 namespace {
 
-std::shared_ptr<UniformFloatValue> floats(std::vector<float> values) {
-    return std::make_shared<UniformFloatValue>(std::move(values));
-}
+using Parts = common::TreeParts;
 
-std::shared_ptr<UniformFloatValue> matrix() { return floats(std::vector<float>(16, 0.0f)); }
-
-std::shared_ptr<UniformFloatValue> color(const Vec4& value) { return floats({value.x, value.y, value.z, value.w}); }
-
-std::shared_ptr<GroupCommand> namedGroup(const std::string& name, std::vector<std::shared_ptr<Command>> children) {
-    auto group = std::make_shared<GroupCommand>(true, std::move(children));
-    group->name = name;
-    return group;
-}
+std::shared_ptr<UniformFloatValue> color(const Vec4& value) { return Parts::floats({value.x, value.y, value.z, value.w}); }
 
 /// The animal's colour.
 constexpr Vec4 ANIMAL_COLOR{0.1640625f, 0.1484375f, 0.1171875f, 1.0f};
@@ -108,7 +100,7 @@ void ExampleScene::buildTree() {
                                                             -1, -1, -1, PrimitiveType::TRIANGLES);
     };
     const auto colored = [&](const std::shared_ptr<engine::Mesh>& mesh, const Vec4& value) {
-        return draw(mesh, UniformList{matrix(), color(value)}, stateColor);
+        return draw(mesh, UniformList{Parts::matrix(), color(value)}, stateColor);
     };
 
     auto clearColor = std::make_shared<engine::commands::ClearColorCommand>();
@@ -117,27 +109,27 @@ void ExampleScene::buildTree() {
     auto clearGroup = std::make_shared<GroupCommand>(
         true, std::vector<std::shared_ptr<Command>>{clearColor, std::make_shared<engine::commands::ClearCommand>()});
 
-    uniformsAnimated = UniformList{matrix(),
+    uniformsAnimated = UniformList{Parts::matrix(),
                                    color(Vec4(0.0f, 0.0f, 0.0f, 0.0f)),
                                    std::make_shared<engine::commands::UniformIntValue>(std::vector<std::int32_t>{0}),
-                                   floats({0.0f}),
+                                   Parts::floats({0.0f}),
                                    std::make_shared<engine::commands::UniformTextureValue>(t.texFp16),
-                                   floats({0.0f, 0.0f, 0.0f, 0.0f})};
+                                   Parts::floats({0.0f, 0.0f, 0.0f, 0.0f})};
     auto animal = std::make_shared<DrawMeshCommand>(m.meshAlpaca, uniformsAnimated, stateAnimated,
                                                     PrimitiveType::TRIANGLES, -1);
 
-    auto hill = namedGroup("hill", {colored(m.meshCenterRockBright, Vec4(0.37890625f, 0.375f, 0.33984375f, 1.0f)),
+    auto hill = Parts::namedGroup("hill", {colored(m.meshCenterRockBright, Vec4(0.37890625f, 0.375f, 0.33984375f, 1.0f)),
                                     colored(m.meshCenterRockDark, Vec4(0.26953125f, 0.265625f, 0.23828125f, 1.0f))});
-    auto grounds = namedGroup("grounds", {colored(m.meshGround1, Vec4(0.15625f, 0.359375f, 0.25390625f, 1.0f)),
+    auto grounds = Parts::namedGroup("grounds", {colored(m.meshGround1, Vec4(0.15625f, 0.359375f, 0.25390625f, 1.0f)),
                                           colored(m.meshHills, Vec4(0.08984375f, 0.26953125f, 0.23828125f, 1.0f)),
                                           colored(m.meshGround2, Vec4(0.33203125f, 0.578125f, 0.62890625f, 1.0f))});
     auto mountains =
-        namedGroup("mountains", {colored(m.meshMountainsBright, Vec4(0.55078125f, 0.703125f, 0.77734375f, 1.0f)),
+        Parts::namedGroup("mountains", {colored(m.meshMountainsBright, Vec4(0.55078125f, 0.703125f, 0.77734375f, 1.0f)),
                                  colored(m.meshMountainsDark, Vec4(0.42578125f, 0.62890625f, 0.73828125f, 1.0f))});
 
-    uniformsWaterHighlights = UniformList{matrix(), color(Vec4(0.74609375f, 0.85546875f, 0.921875f, 1.0f)), floats({0.0f})};
-    auto water = namedGroup(
-        "water", {draw(m.meshWater, UniformList{matrix(), color(Vec4(0.55859375f, 0.7578125f, 0.81640625f, 1.0f))},
+    uniformsWaterHighlights = UniformList{Parts::matrix(), color(Vec4(0.74609375f, 0.85546875f, 0.921875f, 1.0f)), Parts::floats({0.0f})};
+    auto water = Parts::namedGroup(
+        "water", {draw(m.meshWater, UniformList{Parts::matrix(), color(Vec4(0.55859375f, 0.7578125f, 0.81640625f, 1.0f))},
                        stateWater),
                   draw(m.meshWaterHighlights, uniformsWaterHighlights, stateWaterHighlights)});
 
@@ -146,10 +138,10 @@ void ExampleScene::buildTree() {
     sun->enabled = false;
     auto stars = colored(m.meshStars, skyColor);
     stars->enabled = false;
-    auto skyObjects = namedGroup("sky objects", {sun, colored(m.meshSunSmall, skyColor), stars});
+    auto skyObjects = Parts::namedGroup("sky objects", {sun, colored(m.meshSunSmall, skyColor), stars});
 
     uniformsDiffuseTest =
-        UniformList{matrix(), std::make_shared<engine::commands::UniformTextureValue>(t.texStatic)};
+        UniformList{Parts::matrix(), std::make_shared<engine::commands::UniformTextureValue>(t.texStatic)};
     auto testModel = std::make_shared<DrawMeshCommand>(m.meshStatic, uniformsDiffuseTest, stateDiffuse,
                                                        PrimitiveType::TRIANGLES, -1);
 
@@ -160,26 +152,16 @@ void ExampleScene::buildTree() {
                 grounds,
                 mountains,
                 water,
-                namedGroup("birds", {}),
-                namedGroup("clouds", {}),
+                Parts::namedGroup("birds", {}),
+                Parts::namedGroup("clouds", {}),
                 skyObjects,
-                namedGroup("shooting stars", {}),
+                Parts::namedGroup("shooting stars", {}),
                 testModel};
 }
 
 void ExampleScene::initialize() {}
 
-void ExampleScene::updateTimers(double time) {
-    timers.iterate(time);
-    cameraAnimator.animate(time);
-    animate();
-    lastFrameTime = time;
-}
-
-void ExampleScene::updateViewportSize(std::int32_t width, std::int32_t height) {
-    viewportWidth = width;
-    viewportHeight = height;
-}
+void ExampleScene::updateTimers(double time) { common::runFrame(*this, time); }
 
 void ExampleScene::animate() {
     calculateProjection(1.0f, viewportWidth, viewportHeight);

@@ -58,8 +58,6 @@ public:
     void initialize() override;
     /// The frame: timers, camera, animate(), then `lastFrameTime`.
     void updateTimers(double time) override;
-    /// Stores the drawable size; the projection follows at the next frame.
-    void updateViewportSize(std::int32_t width, std::int32_t height) override;
 
     /// Writes one frame: projection, view, the transformed draws' matrices, the test model, the
     /// animal (which plays through 1/1.1 of its period and rests in its first pose for the rest)

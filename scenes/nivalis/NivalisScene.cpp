@@ -1,3 +1,6 @@
+// One file for the scene class: building its tree and animating it are two halves of one
+// contract (the nodes that the tree builds are the ones each frame rewrites), and reading them
+// side by side is how a change to either is checked.
 #include "scenes/nivalis/NivalisScene.h"
 
 #include <cmath>
@@ -14,6 +17,8 @@
 #include "engine/commands/VrsHint.h"
 #include "engine/math/Random.h"
 #include "scenes/common/DrawBlurredResult.h"
+#include "scenes/common/FrameCycle.h"
+#include "scenes/common/TreeParts.h"
 #include "scenes/nivalis/Animations.h"
 #include "scenes/nivalis/Cameras.h"
 #include "scenes/nivalis/Colors.h"
@@ -48,27 +53,13 @@ using engine::math::Vec4;
 
 namespace {
 
-std::shared_ptr<UniformFloatValue> floats(std::size_t count) {
-    return std::make_shared<UniformFloatValue>(std::vector<float>(count, 0.0f));
-}
-
-std::shared_ptr<UniformIntValue> ints(std::size_t count) {
-    return std::make_shared<UniformIntValue>(std::vector<std::int32_t>(count, 0));
-}
-
-std::shared_ptr<UniformTextureValue> texture(const std::shared_ptr<engine::Texture>& value) {
-    return std::make_shared<UniformTextureValue>(value);
-}
+using Parts = common::TreeParts;
 
 /// An opaque draw state: the shared disabled blending, depth test and write, back faces culled.
 std::shared_ptr<DrawMeshState> opaqueState(const std::shared_ptr<engine::Shader>& shader,
                                            std::shared_ptr<VertexAttributesDescriptor> attributes) {
     return std::make_shared<DrawMeshState>(shader, engine::BLENDING_NONE, engine::DEPTH_TEST_ENABLED,
                                            engine::CullFace::BACK, std::move(attributes));
-}
-
-std::shared_ptr<VertexAttributesDescriptor> layout(std::vector<VertexAttribute> attributes, std::int32_t stride) {
-    return std::make_shared<VertexAttributesDescriptor>(std::move(attributes), stride);
 }
 
 /// Every model draw of the scene has its MVP matrix at uniform 0 and no other matrix.
@@ -143,46 +134,46 @@ void NivalisScene::buildTree() {
     const Shaders& s = Shaders::shared();
 
     // The nine draw states of the scene.
-    const auto paletteLayout = layout({VertexAttribute(AttributeType::VERTEX, 0, VertexFormat::HALF3, 0),
+    const auto paletteLayout = Parts::layout({VertexAttribute(AttributeType::VERTEX, 0, VertexFormat::HALF3, 0),
                                        VertexAttribute(AttributeType::U0, 1, VertexFormat::HALF, 6)},
                                       8);
     const auto stateBirds = opaqueState(s.shaderAnimated, nullptr);
     const auto statePalette = opaqueState(s.shaderPalette, paletteLayout);
     const auto stateAnimated = opaqueState(
-        s.shaderAnimatedTextured, layout({VertexAttribute(AttributeType::UV0, 0, VertexFormat::HALF2, 0)}, 4));
-    const auto diffuseLayout = layout({VertexAttribute(AttributeType::VERTEX, 0, VertexFormat::FLOAT3, 0),
+        s.shaderAnimatedTextured, Parts::layout({VertexAttribute(AttributeType::UV0, 0, VertexFormat::HALF2, 0)}, 4));
+    const auto diffuseLayout = Parts::layout({VertexAttribute(AttributeType::VERTEX, 0, VertexFormat::FLOAT3, 0),
                                        VertexAttribute(AttributeType::UV0, 1, VertexFormat::HALF2, 12)},
                                       16);
     const auto stateDiffuse = opaqueState(s.shaderDiffuse, diffuseLayout);
     const auto stateZFog = opaqueState(s.shaderDiffuseZFog,
-                                       layout({VertexAttribute(AttributeType::VERTEX, 0, VertexFormat::HALF3, 0),
+                                       Parts::layout({VertexAttribute(AttributeType::VERTEX, 0, VertexFormat::HALF3, 0),
                                                VertexAttribute(AttributeType::U0, 1, VertexFormat::HALF, 6)},
                                               8));
     const auto stateWater = opaqueState(s.shaderCausticsWater,
-                                        layout({VertexAttribute(AttributeType::VERTEX, 0, VertexFormat::HALF3, 0),
+                                        Parts::layout({VertexAttribute(AttributeType::VERTEX, 0, VertexFormat::HALF3, 0),
                                                 VertexAttribute(AttributeType::UV0, 1, VertexFormat::HALF2, 6)},
                                                12));
     const auto stateStars =
-        opaqueState(s.shaderColor, layout({VertexAttribute(AttributeType::VERTEX, 0, VertexFormat::FLOAT3, 0)}, 12));
+        opaqueState(s.shaderColor, Parts::layout({VertexAttribute(AttributeType::VERTEX, 0, VertexFormat::FLOAT3, 0)}, 12));
     const auto stateClouds = opaqueState(
-        s.shaderCloud, layout({VertexAttribute(AttributeType::VERTEX, 0, VertexFormat::FLOAT3, 0),
+        s.shaderCloud, Parts::layout({VertexAttribute(AttributeType::VERTEX, 0, VertexFormat::FLOAT3, 0),
                                VertexAttribute(AttributeType::U0, 1, VertexFormat::UBYTE_NORMALIZED, 12)},
                               16));
     const auto stateSky = opaqueState(s.shaderSkyDither,
-                                      layout({VertexAttribute(AttributeType::VERTEX, 0, VertexFormat::FLOAT3, 0),
+                                      Parts::layout({VertexAttribute(AttributeType::VERTEX, 0, VertexFormat::FLOAT3, 0),
                                               VertexAttribute(AttributeType::UV0, 1, VertexFormat::HALF2, 12)},
                                              16));
 
-    uniformPaletteTexture = texture(t.texPaletteDay);
-    uniformSkyTexture = texture(t.texSkyDay);
+    uniformPaletteTexture = Parts::texture(t.texPaletteDay);
+    uniformSkyTexture = Parts::texture(t.texSkyDay);
 
     const auto coarse = [this](auto draw) {
         draw->hints = coarseShadingHints;
         return draw;
     };
     const auto animalUniforms = [this](const std::shared_ptr<engine::Texture>& animationTexture) {
-        return UniformList{floats(16), uniformPaletteTexture, ints(1), floats(1), texture(animationTexture),
-                           floats(4)};
+        return UniformList{Parts::zeros(16), uniformPaletteTexture, Parts::ints(1), Parts::zeros(1), Parts::texture(animationTexture),
+                           Parts::zeros(4)};
     };
     const AffineTranformation identity;
 
@@ -199,7 +190,7 @@ void NivalisScene::buildTree() {
         const AffineTranformation placement(Vec3(0.0f, 0.0f, 10000.0f + 1000.0f * static_cast<float>(i)),
                                             Vec3(0.0f, 0.0f, 0.0f), Vec3(6.0f, 3.0f, 3.0f));
         auto bird = coarse(movingDraw(
-            m.meshBird, UniformList{floats(16), floats(4), ints(1), floats(1), texture(t.texBird), floats(4)},
+            m.meshBird, UniformList{Parts::zeros(16), Parts::zeros(4), Parts::ints(1), Parts::zeros(1), Parts::texture(t.texBird), Parts::zeros(4)},
             stateBirds, placement));
         birdCommands.push_back(bird);
         groupBirds->commands.push_back(bird);
@@ -208,7 +199,7 @@ void NivalisScene::buildTree() {
     // 3. Ships.
     groupShips = std::make_shared<GroupCommand>();
     for (std::size_t i = 0; i < ShipsConfig::shared().SHIPS.size(); ++i) {
-        auto ship = coarse(movingDraw(m.meshShip, UniformList{floats(16), uniformPaletteTexture}, statePalette, identity));
+        auto ship = coarse(movingDraw(m.meshShip, UniformList{Parts::zeros(16), uniformPaletteTexture}, statePalette, identity));
         shipCommands.push_back(ship);
         groupShips->commands.push_back(ship);
     }
@@ -241,18 +232,18 @@ void NivalisScene::buildTree() {
     // 5. Sleeping animals.
     groupAnimalsSleeping = std::make_shared<GroupCommand>(
         true, std::vector<std::shared_ptr<Command>>{coarse(staticDraw(
-                  m.meshAnimalsSleeping, UniformList{floats(16), uniformPaletteTexture}, stateDiffuse, identity))});
+                  m.meshAnimalsSleeping, UniformList{Parts::zeros(16), uniformPaletteTexture}, stateDiffuse, identity))});
 
     // 6. Suns.
-    commandSun = coarse(staticDraw(m.meshSun, UniformList{floats(16), uniformPaletteTexture}, stateDiffuse, identity));
+    commandSun = coarse(staticDraw(m.meshSun, UniformList{Parts::zeros(16), uniformPaletteTexture}, stateDiffuse, identity));
     commandSunLow =
-        coarse(staticDraw(m.meshSunLow, UniformList{floats(16), uniformPaletteTexture}, stateDiffuse, identity));
+        coarse(staticDraw(m.meshSunLow, UniformList{Parts::zeros(16), uniformPaletteTexture}, stateDiffuse, identity));
     auto groupSun = std::make_shared<GroupCommand>(true, std::vector<std::shared_ptr<Command>>{commandSun, commandSunLow});
     groupSun->name = "sun";
 
     // 7. Mountains.
-    uniformsMountains = UniformList{floats(16), uniformPaletteTexture};
-    uniformsDistantMountains = UniformList{floats(16), uniformPaletteTexture, floats(4), floats(2)};
+    uniformsMountains = UniformList{Parts::zeros(16), uniformPaletteTexture};
+    uniformsDistantMountains = UniformList{Parts::zeros(16), uniformPaletteTexture, Parts::zeros(4), Parts::zeros(2)};
     auto groupMountains = std::make_shared<GroupCommand>(
         true, std::vector<std::shared_ptr<Command>>{
                   coarse(staticDraw(m.meshMountains1, uniformsMountains, statePalette, identity)),
@@ -260,20 +251,20 @@ void NivalisScene::buildTree() {
     groupMountains->name = "mountains";
 
     // 8. Water, with no hint.
-    uniformsWater = UniformList{floats(16), texture(t.texWater), floats(1), floats(1), floats(1),
-                                floats(2),  floats(4),           floats(4), floats(4)};
+    uniformsWater = UniformList{Parts::zeros(16), Parts::texture(t.texWater), Parts::zeros(1), Parts::zeros(1), Parts::zeros(1),
+                                Parts::zeros(2),  Parts::zeros(4),           Parts::zeros(4), Parts::zeros(4)};
     auto water = staticDraw(m.meshWater, uniformsWater, stateWater, identity);
 
     // 9. Stars.
-    uniformsStars = UniformList{floats(16), floats(4)};
+    uniformsStars = UniformList{Parts::zeros(16), Parts::zeros(4)};
     commandStars = coarse(staticDraw(m.meshStars, uniformsStars, stateStars, identity));
 
     // 10. Clouds.
-    uniformsClouds = UniformList{floats(16), floats(4), floats(1)};
+    uniformsClouds = UniformList{Parts::zeros(16), Parts::zeros(4), Parts::zeros(1)};
     commandClouds = coarse(movingDraw(m.meshClouds, uniformsClouds, stateClouds, identity));
 
     // 11. Sky, with no hint.
-    auto sky = staticDraw(m.meshSky, UniformList{floats(16), uniformSkyTexture, texture(t.texNoise)}, stateSky, identity);
+    auto sky = staticDraw(m.meshSky, UniformList{Parts::zeros(16), uniformSkyTexture, Parts::texture(t.texNoise)}, stateSky, identity);
 
     // 12. Vignette.
     vignette = std::make_shared<engine::commands::VignetteCommand>();
@@ -308,17 +299,7 @@ void NivalisScene::buildTree() {
 
 void NivalisScene::initialize() {}
 
-void NivalisScene::updateTimers(double time) {
-    timers.iterate(time);
-    cameraAnimator.animate(time);
-    animate();
-    lastFrameTime = time;
-}
-
-void NivalisScene::updateViewportSize(std::int32_t width, std::int32_t height) {
-    viewportWidth = width;
-    viewportHeight = height;
-}
+void NivalisScene::updateTimers(double time) { common::runFrame(*this, time); }
 
 void NivalisScene::applySettings() {
     sharpTree->enabled = !settings.blurred;

@@ -126,8 +126,6 @@ public:
     void initialize() override;
     /// The frame: timers, camera, animate(), then `lastFrameTime`.
     void updateTimers(double time) override;
-    /// Stores the drawable size; the projection follows at the next frame.
-    void updateViewportSize(std::int32_t width, std::int32_t height) override;
 
     /// Writes one frame into the tree: settings, projection, view, the flags, palette and sky of
     /// the time of day, birds, ships, animals, water, fog, stars and clouds, and the matrices of

@@ -13,6 +13,8 @@
 #include "engine/commands/VrsHint.h"
 #include "engine/math/Random.h"
 #include "scenes/common/DrawBlurredResult.h"
+#include "scenes/common/FrameCycle.h"
+#include "scenes/common/TreeParts.h"
 #include "scenes/spirelight/Cameras.h"
 #include "scenes/spirelight/Meshes.h"
 #include "scenes/spirelight/Shaders.h"
@@ -44,19 +46,8 @@ using engine::math::Vec4;
 
 namespace {
 
-std::shared_ptr<UniformFloatValue> floats(std::vector<float> values) {
-    return std::make_shared<UniformFloatValue>(std::move(values));
-}
+using Parts = common::TreeParts;
 
-std::shared_ptr<UniformFloatValue> matrix() { return floats(std::vector<float>(16, 0.0f)); }
-
-std::shared_ptr<UniformTextureValue> texture(const std::shared_ptr<engine::Texture>& value) {
-    return std::make_shared<UniformTextureValue>(value);
-}
-
-std::shared_ptr<VertexAttributesDescriptor> layout(std::vector<VertexAttribute> attributes, std::int32_t stride) {
-    return std::make_shared<VertexAttributesDescriptor>(std::move(attributes), stride);
-}
 
 /// Every draw is placed at the origin at a scale of 100 unless it says otherwise.
 AffineTranformation placed(const Vec3& translation = Vec3(0.0f, 0.0f, 0.0f), float rotationZ = 0.0f,
@@ -116,30 +107,30 @@ void SpirelightScene::buildTree() {
     };
 
     const auto stateBuilding =
-        opaque(s.shaderBuilding, layout({vertexHalf3, VertexAttribute(AttributeType::UV0, 1, VertexFormat::HALF2, 6),
+        opaque(s.shaderBuilding, Parts::layout({vertexHalf3, VertexAttribute(AttributeType::UV0, 1, VertexFormat::HALF2, 6),
                                          VertexAttribute(AttributeType::NORMAL, 2, VertexFormat::HALF3, 10)},
                                         16));
-    const auto stateLamps = opaque(s.shaderColor, layout({vertexHalf3}, 8));
+    const auto stateLamps = opaque(s.shaderColor, Parts::layout({vertexHalf3}, 8));
     // The distant buildings' state reads the coordinates as signed bytes while the model file
     // declares unsigned ones; the pair is kept as the assets were made.
     const auto stateDistant = opaque(
         s.shaderDiffuseFog,
-        layout({vertexHalf3, VertexAttribute(AttributeType::UV0, 1, VertexFormat::BYTE2_NORMALIZED, 6)}, 8));
-    const auto stateFogged = opaque(s.shaderColorFog, layout({vertexHalf3}, 8));
-    const auto stateStars = opaque(s.shaderColor, layout({vertexFloat3}, 12));
+        Parts::layout({vertexHalf3, VertexAttribute(AttributeType::UV0, 1, VertexFormat::BYTE2_NORMALIZED, 6)}, 8));
+    const auto stateFogged = opaque(s.shaderColorFog, Parts::layout({vertexHalf3}, 8));
+    const auto stateStars = opaque(s.shaderColor, Parts::layout({vertexFloat3}, 12));
     const auto stateSky = opaque(
-        s.shaderSkyDither, layout({vertexHalf3, VertexAttribute(AttributeType::UV0, 1, VertexFormat::HALF2, 6)}, 12));
+        s.shaderSkyDither, Parts::layout({vertexHalf3, VertexAttribute(AttributeType::UV0, 1, VertexFormat::HALF2, 6)}, 12));
     const auto stateNeon = std::make_shared<DrawMeshState>(
         s.shaderDiffuse, additive, engine::DEPTH_NO_WRITE, CullFace::BACK,
-        layout({vertexHalf3, VertexAttribute(AttributeType::UV0, 1, VertexFormat::UBYTE2_NORMALIZED, 6)}, 8));
+        Parts::layout({vertexHalf3, VertexAttribute(AttributeType::UV0, 1, VertexFormat::UBYTE2_NORMALIZED, 6)}, 8));
     const auto stateSprites = std::make_shared<DrawMeshState>(s.shaderPointSpritesColored, additive,
                                                               engine::DEPTH_NO_WRITE, CullFace::DISABLED,
-                                                              layout({vertexFloat3}, 12));
+                                                              Parts::layout({vertexFloat3}, 12));
     const auto statePlane = std::make_shared<DrawMeshState>(s.shaderPointSpriteColored, additive,
                                                             engine::DEPTH_NO_WRITE, CullFace::DISABLED, nullptr);
 
-    fogColor = floats({0.145f, 0.137f, 0.141f, 1.0f});
-    fogUniforms = UniformList{fogColor, floats({fogStart}), floats({fogEnd})};
+    fogColor = Parts::floats({0.145f, 0.137f, 0.141f, 1.0f});
+    fogUniforms = UniformList{fogColor, Parts::floats({fogStart}), Parts::floats({fogEnd})};
     const auto withFog = [this](UniformList uniforms) {
         uniforms.insert(uniforms.end(), fogUniforms.begin(), fogUniforms.end());
         return uniforms;
@@ -147,18 +138,18 @@ void SpirelightScene::buildTree() {
 
     // The towers, twice from one mesh: as seen, and their emissive part alone for the bloom.
     const auto buildings = [&](const Vec4& base, const Vec4& shade, float emission) {
-        UniformList uniforms{matrix(),
-                             matrix(),
-                             floats({0.707106f, 0.707106f, 0.0f}),
-                             floats({0.05f, 0.6f}),
-                             floats({0.0f, 0.0f, 0.0f}),
-                             texture(t.texBuildingsDiffuse),
-                             texture(t.texBuildingsEmission),
-                             texture(t.texBuildingsCubemap),
-                             floats({base.x, base.y, base.z, base.w}),
-                             floats({shade.x, shade.y, shade.z, shade.w}),
-                             floats({emission}),
-                             floats({1.0f - settings.lights})};
+        UniformList uniforms{Parts::matrix(),
+                             Parts::matrix(),
+                             Parts::floats({0.707106f, 0.707106f, 0.0f}),
+                             Parts::floats({0.05f, 0.6f}),
+                             Parts::floats({0.0f, 0.0f, 0.0f}),
+                             Parts::texture(t.texBuildingsDiffuse),
+                             Parts::texture(t.texBuildingsEmission),
+                             Parts::texture(t.texBuildingsCubemap),
+                             Parts::floats({base.x, base.y, base.z, base.w}),
+                             Parts::floats({shade.x, shade.y, shade.z, shade.w}),
+                             Parts::floats({emission}),
+                             Parts::floats({1.0f - settings.lights})};
         return std::make_shared<DrawStaticMeshCommand>(m.meshBuilding, std::move(uniforms), stateBuilding, placed(), 0,
                                                        1, -1, -1, PrimitiveType::TRIANGLES);
     };
@@ -172,9 +163,9 @@ void SpirelightScene::buildTree() {
     auto clearBloomGroup = std::make_shared<GroupCommand>(
         true, std::vector<std::shared_ptr<Command>>{clearColorBloom, std::make_shared<ClearCommand>()});
     auto redLights = staticDraw(m.meshRedSprites,
-                                UniformList{matrix(), floats({4.0f}), texture(t.texFlare), floats({1.0f, 0.2f, 0.2f, 1.0f})},
+                                UniformList{Parts::matrix(), Parts::floats({4.0f}), Parts::texture(t.texFlare), Parts::floats({1.0f, 0.2f, 0.2f, 1.0f})},
                                 stateSprites, placed(), PrimitiveType::POINTS);
-    auto neonBloom = staticDraw(m.meshNeon, UniformList{matrix(), texture(t.texNeon2)}, stateNeon, placed());
+    auto neonBloom = staticDraw(m.meshNeon, UniformList{Parts::matrix(), Parts::texture(t.texNeon2)}, stateNeon, placed());
     auto bloomObjects = std::make_shared<GroupCommand>(
         true, std::vector<std::shared_ptr<Command>>{commandBuildingsBloom, redLights, neonBloom});
     bloomPass = std::make_shared<engine::commands::BlurredPassCommand>();
@@ -194,27 +185,27 @@ void SpirelightScene::buildTree() {
                                                           clearColor, std::make_shared<ClearCommand>()});
 
     auto redLamps = std::make_shared<DrawTransformedMeshCommand>(
-        m.meshRed, UniformList{matrix(), floats({1.0f, 0.3f, 0.3f, 1.0f})}, stateLamps, placed(), 0, -1, -1, -1,
+        m.meshRed, UniformList{Parts::matrix(), Parts::floats({1.0f, 0.3f, 0.3f, 1.0f})}, stateLamps, placed(), 0, -1, -1, -1,
         PrimitiveType::TRIANGLES);
     redLamps->hints = coarseShadingHints;
-    auto distant = staticDraw(m.meshBuildingsDistant, withFog({matrix(), texture(t.texBuildingsDistant)}), stateDistant,
+    auto distant = staticDraw(m.meshBuildingsDistant, withFog({Parts::matrix(), Parts::texture(t.texBuildingsDistant)}), stateDistant,
                               placed());
-    auto distantTurned = staticDraw(m.meshBuildingsDistant, withFog({matrix(), texture(t.texBuildingsDistant)}),
+    auto distantTurned = staticDraw(m.meshBuildingsDistant, withFog({Parts::matrix(), Parts::texture(t.texBuildingsDistant)}),
                                     stateDistant, placed(Vec3(0.0f, 0.0f, 0.0f), 180.0f));
-    auto islands = staticDraw(m.meshIslands1, withFog({matrix(), floats({0.1171875f, 0.1171875f, 0.1171875f, 1.0f})}),
+    auto islands = staticDraw(m.meshIslands1, withFog({Parts::matrix(), Parts::floats({0.1171875f, 0.1171875f, 0.1171875f, 1.0f})}),
                               stateFogged, placed());
-    auto water = staticDraw(m.meshWater, withFog({matrix(), floats({0.0f, 0.01953125f, 0.01953125f, 1.0f})}),
+    auto water = staticDraw(m.meshWater, withFog({Parts::matrix(), Parts::floats({0.0f, 0.01953125f, 0.01953125f, 1.0f})}),
                             stateFogged, placed());
     commandStars = std::make_shared<DrawTransformedMeshCommand>(
-        m.meshStars, UniformList{matrix(), floats({0.35f, 0.35f, 0.35f, 1.0f})}, stateStars,
+        m.meshStars, UniformList{Parts::matrix(), Parts::floats({0.35f, 0.35f, 0.35f, 1.0f})}, stateStars,
         placed(Vec3(0.0f, 0.0f, 0.0f), 0.0f, 0.055f), 0, -1, -1, -1, PrimitiveType::TRIANGLES);
     commandStars->hints = coarseShadingHints;
-    auto sky = staticDraw(m.meshSky, UniformList{matrix(), texture(t.texSky), texture(t.texNoise)}, stateSky, placed());
+    auto sky = staticDraw(m.meshSky, UniformList{Parts::matrix(), Parts::texture(t.texSky), Parts::texture(t.texNoise)}, stateSky, placed());
 
-    planeUniforms = UniformList{floats({3.0f}), texture(t.texDust), floats({1.2f, 1.2f, 1.2f, 1.0f})};
+    planeUniforms = UniformList{Parts::floats({3.0f}), Parts::texture(t.texDust), Parts::floats({1.2f, 1.2f, 1.2f, 1.0f})};
     constexpr std::array<float, 6> planeHeights{380.0f, 400.0f, 350.0f, 450.0f, 430.0f, 500.0f};
     for (std::size_t i = 0; i < planes.size(); ++i) {
-        UniformList uniforms{matrix()};
+        UniformList uniforms{Parts::matrix()};
         uniforms.insert(uniforms.end(), planeUniforms.begin(), planeUniforms.end());
         planes[i] = std::make_shared<DrawTransformedMeshCommand>(nullptr, std::move(uniforms), statePlane,
                                                                  placed(Vec3(0.0f, 0.0f, planeHeights[i])), 0, -1, -1,
@@ -222,7 +213,7 @@ void SpirelightScene::buildTree() {
         planes[i]->primitiveCount = 1;
     }
 
-    auto neon = staticDraw(m.meshNeon, UniformList{matrix(), texture(t.texNeon)}, stateNeon, placed());
+    auto neon = staticDraw(m.meshNeon, UniformList{Parts::matrix(), Parts::texture(t.texNeon)}, stateNeon, placed());
 
     drawBloom = std::make_shared<engine::commands::DrawBlurredCommand>();
     drawBloom->name = "draw bloom";
@@ -261,17 +252,7 @@ void SpirelightScene::buildTree() {
 
 void SpirelightScene::initialize() {}
 
-void SpirelightScene::updateTimers(double time) {
-    timers.iterate(time);
-    cameraAnimator.animate(time);
-    animate();
-    lastFrameTime = time;
-}
-
-void SpirelightScene::updateViewportSize(std::int32_t width, std::int32_t height) {
-    viewportWidth = width;
-    viewportHeight = height;
-}
+void SpirelightScene::updateTimers(double time) { common::runFrame(*this, time); }
 
 void SpirelightScene::applySettings() {
     sharpTree->enabled = !settings.blurred;

@@ -61,8 +61,6 @@ public:
     void initialize() override;
     /// The frame: timers, camera, animate(), then `lastFrameTime`.
     void updateTimers(double time) override;
-    /// Stores the drawable size; the projection and the sprite size follow at the next frame.
-    void updateViewportSize(std::int32_t width, std::int32_t height) override;
 
     /// Writes one frame: settings, projection, view, aircraft, matrices, and the eye position
     /// for the towers' reflections.

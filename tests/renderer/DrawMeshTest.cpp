@@ -52,12 +52,12 @@ TEST_F(DrawMeshTest, PipelinesAreCachedByTheIdentityOfTheState) {
     draw(flatDraw(shared));
     // One use to tie the samplers when the program is linked, one for the pipeline.
     EXPECT_EQ(renderer->pipelinesCache.size(), 1u);
-    EXPECT_EQ(h.gl.count(GlCall::UseProgram), 2u);
+    EXPECT_EQ(h.gl.count(GlCall::useProgram), 2u);
     draw(flatDraw(equal));
     EXPECT_EQ(renderer->pipelinesCache.size(), 2u);
     // Both pipelines run the one program of the shader.
-    EXPECT_EQ(h.gl.count(GlCall::CreateProgram), 1u);
-    EXPECT_EQ(h.gl.count(GlCall::CreateVertexArray), 2u);
+    EXPECT_EQ(h.gl.count(GlCall::createProgram), 1u);
+    EXPECT_EQ(h.gl.count(GlCall::createVertexArray), 2u);
     EXPECT_EQ(renderer->activeState, equal);
 }
 
@@ -69,13 +69,13 @@ TEST_F(DrawMeshTest, StateChangesAreFilteredButVertexBuffersAndUniformsAreNot) {
     draw(flatDraw(a));
     draw(flatDraw(a));
     draw(flatDraw(b));
-    EXPECT_EQ(h.gl.count(GlCall::UseProgram), 3u); // linking, a, then b
-    EXPECT_EQ(h.gl.count(GlCall::BindVertexArray), 4u); // two at creation, two on the encoder
-    EXPECT_EQ(h.gl.count(GlCall::DepthFunc), 2u);
-    EXPECT_EQ(h.gl.count(GlCall::CullFace), 1u);        // b disables culling instead
-    EXPECT_EQ(h.gl.log({GlCall::Disable}).back(), "disable(2884)"); // GL_CULL_FACE
-    EXPECT_EQ(h.gl.count(GlCall::VertexAttribPointer), 4u);
-    EXPECT_EQ(h.gl.count(GlCall::UniformFloats), 8u);
+    EXPECT_EQ(h.gl.count(GlCall::useProgram), 3u); // linking, a, then b
+    EXPECT_EQ(h.gl.count(GlCall::bindVertexArray), 4u); // two at creation, two on the encoder
+    EXPECT_EQ(h.gl.count(GlCall::depthFunc), 2u);
+    EXPECT_EQ(h.gl.count(GlCall::cullFace), 1u);        // b disables culling instead
+    EXPECT_EQ(h.gl.log({GlCall::disable}).back(), "disable(2884)"); // GL_CULL_FACE
+    EXPECT_EQ(h.gl.count(GlCall::vertexAttribPointer), 4u);
+    EXPECT_EQ(h.gl.count(GlCall::uniformFloats), 8u);
     // Every draw had its state: program, depth test with writes, its cull mode.
     ASSERT_EQ(h.gl.draws.size(), 4u);
     EXPECT_EQ(h.gl.draws[2].depthFunc, GLenum(GL_LESS));
@@ -89,17 +89,17 @@ TEST_F(DrawMeshTest, TheDepthCallIsSkippedOnlyForTheActiveDepthState) {
     auto b = RendererHarness::state(flat);
     draw(flatDraw(a));
     draw(flatDraw(b));
-    EXPECT_EQ(h.gl.count(GlCall::DepthFunc), 2u); // each entry owns its depth state
+    EXPECT_EQ(h.gl.count(GlCall::depthFunc), 2u); // each entry owns its depth state
     // Pretend that a's depth state stands while b's pipeline does: going back to a sets the
     // pipeline and the cull mode but not the depth state.
     renderer->activeDepthStencilState = renderer->pipelinesCache.at(a).depthState.get();
     h.gl.clearCalls();
     draw(flatDraw(a));
-    EXPECT_EQ(h.gl.count(GlCall::UseProgram), 1u);
-    EXPECT_EQ(h.gl.count(GlCall::CullFace), 1u);
-    EXPECT_EQ(h.gl.count(GlCall::DepthFunc), 0u);
+    EXPECT_EQ(h.gl.count(GlCall::useProgram), 1u);
+    EXPECT_EQ(h.gl.count(GlCall::cullFace), 1u);
+    EXPECT_EQ(h.gl.count(GlCall::depthFunc), 0u);
     draw(flatDraw(b));
-    EXPECT_EQ(h.gl.count(GlCall::DepthFunc), 1u);
+    EXPECT_EQ(h.gl.count(GlCall::depthFunc), 1u);
 }
 
 TEST_F(DrawMeshTest, AShaderTheLibraryLacksDrawsNothingAndChangesNothing) {
@@ -120,72 +120,12 @@ TEST_F(DrawMeshTest, TheWholeIndexBufferIsDrawnWithThePrimitiveOfTheCommand) {
     draw(command);
     command->primitiveType = PrimitiveType::TRIANGLE_STRIP;
     draw(command);
-    EXPECT_EQ(h.gl.log({GlCall::DrawElements}),
+    EXPECT_EQ(h.gl.log({GlCall::drawElements}),
               (std::vector<std::string>{"drawElements(0, 6, 5123, 0)", "drawElements(5, 6, 5123, 0)"}));
     // The mesh's buffer feeds the FLOAT3 attribute at location 0, stride 12.
     EXPECT_EQ(h.gl.draws[0].attributes.at(0),
               (std::array<double, 6>{double(renderer->models[0].vertexBuffer()), 3, GL_FLOAT, 0, 12, 0}));
     EXPECT_EQ(h.gl.draws[0].elementBuffer, renderer->models[0].indexBuffer());
-}
-
-TEST_F(DrawMeshTest, TheActiveStateOutlivesVignettesAndFrames) {
-    // The kept rule: the first draw after a vignette is filtered against the last state drawn,
-    // and so runs on the vignette's program when it repeats that state.
-    auto a = RendererHarness::state(flat);
-    draw(flatDraw(a));
-    auto vignette = std::make_shared<VignetteCommand>();
-    renderer->drawVignette(*vignette, renderer->encoder);
-    draw(RendererHarness::draw(mesh, a));
-    ASSERT_EQ(h.drawnPrograms(), (std::vector<std::string>{"Flat", "Vignette", "Vignette"}));
-
-    h.scene->commands = {std::make_shared<MainPassCommand>(
-        true, std::vector<std::shared_ptr<Command>>{RendererHarness::draw(mesh, a)})};
-    renderer->encoder.end();
-    h.gl.clearCalls();
-    renderer->drawFrame(RendererHarness::target());
-    EXPECT_EQ(h.gl.count(GlCall::UseProgram), 0u);
-}
-
-TEST_F(DrawMeshTest, BrokenDrawsStop) {
-    auto expectStop = [&](const std::shared_ptr<DrawMeshCommand>& command, const std::string& message) {
-        try {
-            draw(command);
-            ADD_FAILURE() << "no stop for " << message;
-        } catch (const Fatal::Stop& stop) {
-            EXPECT_EQ(stop.what(), message);
-        }
-    };
-    auto unlisted = RendererHarness::state(std::make_shared<engine::Shader>("Flat")); // id -1
-    expectStop(flatDraw(unlisted), "Shader id out of range: -1");
-
-    auto state = RendererHarness::state(flat);
-    expectStop(RendererHarness::draw(nullptr, state), "Draw  has no mesh");
-    auto stray = std::make_shared<engine::Mesh>("stray", nullptr);
-    stray->id = 5;
-    expectStop(RendererHarness::draw(stray, state), "Mesh id out of range: 5");
-
-    // Culling of both faces has no GL cull mode of the table: a stop at the first draw.
-    auto both = RendererHarness::state(flat);
-    both->culling = engine::CullFace::FRONT_AND_BACK;
-    expectStop(flatDraw(both), "Unknown CullFace FRONT_AND_BACK");
-
-    auto renamed = RendererHarness::state(flat);
-    draw(flatDraw(renamed));
-    flat->name = "Renamed";
-    expectStop(flatDraw(renamed), "Uniforms of shader Renamed are not known");
-}
-
-TEST_F(DrawMeshTest, AModelWithoutIndicesStopsItsDraw) {
-    h.resources.writeModel("scene", "hollow", test::TestResources::floatBytes({0, 0, 0}), {});
-    auto hollow = std::make_shared<engine::Mesh>("hollow", nullptr);
-    h.scene->meshes.push_back(hollow);
-    auto fresh = h.makeRenderer();
-    try {
-        fresh->drawMesh(*RendererHarness::draw(hollow, RendererHarness::state(flat)), fresh->encoder);
-        ADD_FAILURE() << "no stop";
-    } catch (const Fatal::Stop& stop) {
-        EXPECT_STREQ(stop.what(), "Mesh hollow has no index buffer");
-    }
 }
 
 } // namespace

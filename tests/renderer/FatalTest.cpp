@@ -10,15 +10,6 @@ TEST(FatalDeathTest, StopWritesTheMessageAndEndsWithStatusOne) {
                 "^Fatal error: Cannot load texture sky\\.webp\n$");
 }
 
-TEST(FatalDeathTest, AHandlerThatReturnsStillEndsTheProcess) {
-    EXPECT_DEATH(
-        {
-            Fatal::setHandler([](const std::string&) {});
-            Fatal::stop("returns");
-        },
-        "Fatal error: returns");
-}
-
 TEST(FatalTest, TheThrowingHandlerCarriesTheMessageAndCanBeRemoved) {
     EXPECT_EQ(Fatal::setHandler(&Fatal::throwingHandler), nullptr); // the default was in place
     try {

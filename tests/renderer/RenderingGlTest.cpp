@@ -164,19 +164,6 @@ protected:
     std::vector<std::uint8_t> pixels;
 };
 
-TEST_F(RenderingGlTest, TheClearColourFillsTheTarget) {
-    h.scene->commands = {std::make_shared<MainPassCommand>(
-        true, std::vector<std::shared_ptr<Command>>{clearTo(0.2f, 0.4f, 0.6f)})};
-    render(16, 8);
-    for (auto [x, y] : {std::pair{0, 0}, std::pair{15, 7}, std::pair{8, 3}}) {
-        const Rgba p = at(x, y);
-        EXPECT_NEAR(p.r, 51, 1);
-        EXPECT_NEAR(p.g, 102, 1);
-        EXPECT_NEAR(p.b, 153, 1);
-        EXPECT_EQ(p.a, 255);
-    }
-}
-
 TEST_F(RenderingGlTest, APaletteMeshTakesItsColoursFromThePaletteTexture) {
     // Half positions and a half palette coordinate in 8-byte vertices, as the scene's palette
     // meshes have them: the left quad reads texel 0 (red), the right one texel 1 (green).
@@ -261,21 +248,6 @@ TEST_F(RenderingGlTest, ABlurredPassTakesClockwiseFacesAsFront) {
     render(64, 64);
     EXPECT_LT(at(16, 16).r, 5);
     EXPECT_EQ(at(48, 48).g, 255);
-}
-
-TEST_F(RenderingGlTest, TheVignetteDarkensTheCorners) {
-    auto vignette = std::make_shared<VignetteCommand>();
-    vignette->color0 = engine::math::Vec4(0, 0, 0, 1);
-    vignette->color1 = engine::math::Vec4(1, 1, 1, 1);
-    h.scene->commands = {std::make_shared<MainPassCommand>(
-        true, std::vector<std::shared_ptr<Command>>{clearTo(1, 1, 1), vignette})};
-    render(32, 32);
-    for (auto [x, y] : {std::pair{0, 0}, std::pair{31, 0}, std::pair{0, 31}, std::pair{31, 31}}) {
-        EXPECT_LT(at(x, y).r, 20) << x << "," << y;
-    }
-    EXPECT_GT(at(16, 16).r, 235);
-    // Half way to a corner it is about half as bright.
-    EXPECT_NEAR(at(8, 8).r, 128, 20);
 }
 
 } // namespace

@@ -45,42 +45,6 @@ TEST(SceneUtilsTest, ApplyBlendingUsesColourFieldsForAlphaUnlessSeparate) {
     EXPECT_EQ(none.sourceRGBFactor, GLenum(GL_ZERO));
 }
 
-TEST(SceneUtilsTest, VertexDescriptorUsesPositionsNotIndices) {
-    const engine::VertexAttributesDescriptor attributes(
-        {engine::VertexAttribute(engine::AttributeType::UV0, 5, VertexFormat::HALF2, 12),
-         engine::VertexAttribute(engine::AttributeType::VERTEX, 0, VertexFormat::FLOAT3, 0)},
-        16);
-    const gpu::VertexLayout layout = SceneUtils::makeVertexDescriptor(attributes);
-    ASSERT_EQ(layout.attributes.size(), 2u);
-    EXPECT_EQ(layout.stride, 16);
-    EXPECT_EQ(layout.attributes[0].location, 0u);
-    EXPECT_EQ(layout.attributes[0].type, GLenum(GL_HALF_FLOAT));
-    EXPECT_EQ(layout.attributes[0].offset, 12u);
-    EXPECT_EQ(layout.attributes[1].location, 1u);
-    EXPECT_EQ(layout.attributes[1].size, 3);
-    EXPECT_EQ(layout.attributes[1].offset, 0u);
-}
-
-TEST(SceneUtilsTest, PrimitiveTypesByOrdinalWithTriangleFallback) {
-    using engine::commands::PrimitiveType;
-    EXPECT_EQ(SceneUtils::primitiveType(PrimitiveType::TRIANGLES), GLenum(GL_TRIANGLES));
-    EXPECT_EQ(SceneUtils::primitiveType(PrimitiveType::TRIANGLE_STRIP), GLenum(GL_TRIANGLE_STRIP));
-    EXPECT_EQ(SceneUtils::primitiveType(PrimitiveType::POINTS), GLenum(GL_POINTS));
-    EXPECT_EQ(SceneUtils::primitiveType(static_cast<PrimitiveType>(7)), GLenum(GL_TRIANGLES));
-}
-
-TEST(SceneUtilsTest, DepthStatesCompareLessOnlyWhenTesting) {
-    const auto tested = SceneUtils::makeDepthState(*engine::DEPTH_NO_WRITE);
-    EXPECT_EQ(tested->depthCompareFunction, GLenum(GL_LESS));
-    EXPECT_FALSE(tested->depthWriteEnabled);
-    // A state can write depth without testing it.
-    const auto writeOnly = SceneUtils::makeDepthState(*engine::DEPTH_NO_READ);
-    EXPECT_EQ(writeOnly->depthCompareFunction, GLenum(GL_ALWAYS));
-    EXPECT_TRUE(writeOnly->depthWriteEnabled);
-    // Each call makes its own object, even for equal modes.
-    EXPECT_NE(SceneUtils::makeDepthState(*engine::DEPTH_NONE), SceneUtils::makeDepthState(*engine::DEPTH_NONE));
-}
-
 class SamplerTest : public ::testing::Test {
 protected:
     std::map<GLenum, double> sampler(const engine::Texture& texture) {
@@ -107,35 +71,6 @@ TEST_F(SamplerTest, PlainFiltersAndWrapping) {
 
     texture.wrapping = TextureWrapping::CLAMP_TO_EDGE;
     EXPECT_EQ(sampler(texture)[GL_TEXTURE_WRAP_S], GL_CLAMP_TO_EDGE);
-}
-
-TEST_F(SamplerTest, MipFilterComesFromTheMagnificationField) {
-    engine::Texture texture;
-    texture.mipmaps = 3;
-    texture.minFilter = TextureFiltering::LINEAR_MIPMAP_NEAREST; // not consulted for the mip filter
-    texture.magFilter = TextureFiltering::NEAREST_MIPMAP_LINEAR;
-    auto parameters = sampler(texture);
-    EXPECT_EQ(parameters[GL_TEXTURE_MIN_FILTER], GL_LINEAR_MIPMAP_LINEAR);
-    EXPECT_EQ(parameters[GL_TEXTURE_MAG_FILTER], GL_NEAREST);
-
-    texture.magFilter = TextureFiltering::LINEAR_MIPMAP_NEAREST;
-    texture.minFilter = TextureFiltering::NEAREST;
-    EXPECT_EQ(sampler(texture)[GL_TEXTURE_MIN_FILTER], GL_NEAREST_MIPMAP_NEAREST);
-
-    // A plain name in the magnification field leaves the texture without mip filtering.
-    texture.magFilter = TextureFiltering::LINEAR;
-    texture.minFilter = TextureFiltering::LINEAR_MIPMAP_LINEAR;
-    EXPECT_EQ(sampler(texture)[GL_TEXTURE_MIN_FILTER], GL_LINEAR);
-}
-
-TEST_F(SamplerTest, AnisotropyFromTwoWhereTheContextHasIt) {
-    engine::Texture texture;
-    texture.anisotropy = 8;
-    EXPECT_EQ(sampler(texture).count(GL_TEXTURE_MAX_ANISOTROPY), 0u);
-    gl.extensions.insert("GL_EXT_texture_filter_anisotropic");
-    EXPECT_EQ(sampler(texture)[GL_TEXTURE_MAX_ANISOTROPY], 8.0);
-    texture.anisotropy = 1;
-    EXPECT_EQ(sampler(texture).count(GL_TEXTURE_MAX_ANISOTROPY), 0u);
 }
 
 } // namespace

@@ -51,13 +51,6 @@ inline std::vector<std::int32_t> intsOf(const std::shared_ptr<engine::commands::
     return value ? value->value : std::vector<std::int32_t>{};
 }
 
-/// The texture of a texture uniform; null (and a failure) for another class.
-inline std::shared_ptr<engine::Texture> textureOf(const std::shared_ptr<engine::commands::UniformValue>& uniform) {
-    auto value = std::dynamic_pointer_cast<engine::commands::UniformTextureValue>(uniform);
-    EXPECT_NE(value, nullptr) << "not a texture uniform";
-    return value ? value->value : nullptr;
-}
-
 /// The shading rate of a hint list of exactly one VrsHint; fails otherwise.
 inline engine::commands::ShadingRate onlyRate(const engine::commands::HintList& hints) {
     EXPECT_EQ(hints.size(), 1u);
@@ -67,40 +60,6 @@ inline engine::commands::ShadingRate onlyRate(const engine::commands::HintList& 
     auto vrs = std::dynamic_pointer_cast<engine::commands::VrsHint>(hints[0]);
     EXPECT_NE(vrs, nullptr);
     return vrs ? vrs->shadingRate : engine::commands::ShadingRate::SHADING_RATE_1X1;
-}
-
-/// Every distinct draw reachable from `nodes`, enabled or not, in depth-first order of first
-/// appearance.
-inline std::vector<std::shared_ptr<engine::commands::DrawMeshCommand>> allDraws(const std::vector<CommandPtr>& nodes) {
-    std::vector<std::shared_ptr<engine::commands::DrawMeshCommand>> result;
-    std::set<const engine::commands::Command*> seen;
-    const auto walk = [&](auto&& self, const std::vector<CommandPtr>& list) -> void {
-        for (const auto& node : list) {
-            if (!node || !seen.insert(node.get()).second) {
-                continue;
-            }
-            if (auto draw = as<engine::commands::DrawMeshCommand>(node)) {
-                result.push_back(draw);
-            } else if (auto group = as<engine::commands::GroupCommand>(node)) {
-                self(self, group->commands);
-            }
-        }
-    };
-    walk(walk, nodes);
-    return result;
-}
-
-/// True when `node` stands somewhere below `nodes` (by identity).
-inline bool contains(const std::vector<CommandPtr>& nodes, const engine::commands::Command* node) {
-    for (const auto& child : nodes) {
-        if (child.get() == node) {
-            return true;
-        }
-        if (auto group = as<engine::commands::GroupCommand>(child); group && contains(group->commands, node)) {
-            return true;
-        }
-    }
-    return false;
 }
 
 /// A column-major matrix of floats widened to doubles.
@@ -127,16 +86,6 @@ inline Matrix4 multiply(const Matrix4& a, const Matrix4& b) {
     return result;
 }
 
-/// The point (x, y, z, 1) under `m`, as (x, y, z, w).
-inline std::array<double, 4> apply(const Matrix4& m, double x, double y, double z) {
-    std::array<double, 4> result{};
-    for (int row = 0; row < 4; ++row) {
-        result[static_cast<std::size_t>(row)] = m[static_cast<std::size_t>(row)] * x + m[static_cast<std::size_t>(4 + row)] * y +
-                                                m[static_cast<std::size_t>(8 + row)] * z + m[static_cast<std::size_t>(12 + row)];
-    }
-    return result;
-}
-
 /// Translation, then a turn of `degrees` about Z, then a scale: T * Rz * S.
 inline Matrix4 placement(double tx, double ty, double tz, double degreesZ, double sx, double sy, double sz) {
     const double radians = degreesZ * 3.14159265358979323846 / 180.0;
@@ -152,23 +101,6 @@ inline void expectMatrixNear(const Matrix4& expected, std::span<const float> act
         const double scale = std::max(1.0, std::abs(expected[i]));
         EXPECT_NEAR(actual[i], expected[i], tolerance * scale) << "element " << i;
     }
-}
-
-/// Every 16-float uniform below `nodes` holds finite numbers only.
-inline bool allMatricesFinite(const std::vector<CommandPtr>& nodes) {
-    for (const auto& draw : allDraws(nodes)) {
-        for (const auto& uniform : draw->uniforms) {
-            auto floats = std::dynamic_pointer_cast<engine::commands::UniformFloatValue>(uniform);
-            if (floats && floats->value.size() == 16) {
-                for (float v : floats->value) {
-                    if (!std::isfinite(v)) {
-                        return false;
-                    }
-                }
-            }
-        }
-    }
-    return true;
 }
 
 } // namespace scenes::testing

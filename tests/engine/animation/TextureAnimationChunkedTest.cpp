@@ -54,13 +54,4 @@ TEST(TextureAnimationChunkedTest, RowCoordinatesAddressRowCentres) {
     }
 }
 
-TEST(TextureAnimationChunkedTest, DegenerateSizesDoNotCrash) {
-    // A width of 0 gives an infinite chunk count, saturated to 2^31 - 1; the height then wraps
-    // like 32-bit arithmetic: (2^31 - 1) * 2 = 2^32 - 2, that is -2.
-    const TextureAnimationChunked zeroWidth(0, 10, 1);
-    EXPECT_EQ(zeroWidth.textureHeight(), -2);
-    // No vertices, no chunks: a height of 0.
-    EXPECT_EQ(TextureAnimationChunked(16, 0, 5).textureHeight(), 0);
-}
-
 } // namespace

@@ -78,40 +78,6 @@ TEST(CommandTypeTest, EachClassReportsItsType) {
     EXPECT_EQ(asBase->type(), CommandType::MAIN_PASS);
 }
 
-TEST(CommandDefaultsTest, GroupConstructorsTakeStateAndAFreshList) {
-    const GroupCommand empty;
-    EXPECT_TRUE(empty.enabled);
-    EXPECT_TRUE(empty.commands.empty());
-
-    auto child = std::make_shared<NoopCommand>();
-    Commands given{child};
-    const MainPassCommand pass(false, given);
-    EXPECT_FALSE(pass.enabled);
-    ASSERT_EQ(pass.commands.size(), 1u);
-    EXPECT_EQ(pass.commands[0], child);
-    given.push_back(std::make_shared<NoopCommand>());
-    EXPECT_EQ(pass.commands.size(), 1u);
-
-    const RenderPassCommand renderPass(true, {child, child});
-    EXPECT_EQ(renderPass.commands.size(), 2u);
-}
-
-TEST(DrawCommandTest, TransformedDrawsCoverTheWholeMeshAndStartWithoutHints) {
-    const AffineTranformation transform({1, 2, 3}, {4, 5, 6}, {7, 8, 9});
-    const DrawTransformedMeshCommand moving(nullptr, {}, anyState(), transform, 0, 1, 2, 3,
-                                            PrimitiveType::TRIANGLE_STRIP);
-    EXPECT_EQ(moving.primitiveCount, -1);
-    EXPECT_EQ(moving.transform, transform);
-    ASSERT_NE(moving.hints, nullptr);
-    EXPECT_TRUE(moving.hints->empty());
-}
-
-TEST(StaticMeshTest, TranslationLandsInElementsTwelveToFourteen) {
-    const DrawStaticMeshCommand fixed = staticAt(AffineTranformation({1, 2, 3}, {0, 0, 0}, {1, 1, 1}));
-    const std::array<float, 16> expected{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 1, 2, 3, 1};
-    EXPECT_EQ(fixed.modelMatrix, expected);
-}
-
 TEST(StaticMeshTest, ScalesThenTurnsAboutZYXThenMoves) {
     // Point (1,0,0): scale 2 -> (2,0,0); Z by 90 -> (0,2,0); X by 90 -> (0,0,2); move -> (5,5,7).
     const DrawStaticMeshCommand fixed = staticAt(AffineTranformation({5, 5, 5}, {90, 0, 90}, {2, 2, 2}));
@@ -128,49 +94,6 @@ TEST(StaticMeshTest, ScalesThenTurnsAboutZYXThenMoves) {
     EXPECT_NEAR(q[2], 0.0f, 1e-5f);
 }
 
-TEST(StaticMeshTest, LaterTransformChangesDoNotMoveTheMatrix) {
-    DrawStaticMeshCommand fixed = staticAt(AffineTranformation({1, 2, 3}, {0, 0, 0}, {1, 1, 1}));
-    const auto before = fixed.modelMatrix;
-    fixed.transform.translation = Vec3(50, 60, 70);
-    fixed.transform.scale = Vec3(3, 3, 3);
-    EXPECT_EQ(fixed.modelMatrix, before);
-    EXPECT_EQ(fixed.transform.translation, Vec3(50, 60, 70));
-}
-
-TEST(AffineTranformationTest, TextFormEqualityAndHash) {
-    const AffineTranformation a({1, 2, 3}, {0, 90, 0}, {1, 1, 1});
-    EXPECT_EQ(a.toString(), "AffineTranformation(translation=Vec3(_x=1.0, _y=2.0, _z=3.0), "
-                            "rotation=Vec3(_x=0.0, _y=90.0, _z=0.0), scale=Vec3(_x=1.0, _y=1.0, _z=1.0))");
-    const AffineTranformation b({1, 2, 3}, {0, 90, 0}, {1, 1, 1});
-    EXPECT_EQ(a, b);
-    EXPECT_EQ(a.hash(), b.hash());
-    EXPECT_NE(a, AffineTranformation({1, 2, 3}, {0, 90, 0}, {1, 1, 2}));
-    EXPECT_NE(a, AffineTranformation({1, 2, 3}, {90, 0, 0}, {1, 1, 1}));
-    EXPECT_NE(a, AffineTranformation({1, 2, 4}, {0, 90, 0}, {1, 1, 1}));
-    const std::unordered_set<AffineTranformation> set{a, b, AffineTranformation()};
-    EXPECT_EQ(set.size(), 2u);
-
-    const AffineTranformation identity;
-    EXPECT_EQ(identity, AffineTranformation({0, 0, 0}, {0, 0, 0}, {1, 1, 1}));
-}
-
-TEST(HintTest, ListSharedBetweenDrawsChangesForAllOfThem) {
-    DrawMeshCommand first(nullptr, {}, anyState(), PrimitiveType::TRIANGLES, -1);
-    DrawMeshCommand second(nullptr, {}, anyState(), PrimitiveType::TRIANGLES, -1);
-    DrawMeshCommand own(nullptr, {}, anyState(), PrimitiveType::TRIANGLES, -1);
-    EXPECT_NE(first.hints, own.hints) << "each draw starts with its own empty list";
-
-    auto shared = std::make_shared<HintList>(HintList{HINT_VRS_NONE});
-    first.hints = shared;
-    second.hints = shared;
-    own.hints->push_back(HINT_VRS_4X4);
-
-    (*shared)[0] = HINT_VRS_2X2;
-    EXPECT_EQ(first.hints->at(0), HINT_VRS_2X2);
-    EXPECT_EQ(second.hints->at(0), HINT_VRS_2X2);
-    EXPECT_EQ(own.hints->at(0), HINT_VRS_4X4);
-}
-
 TEST(TreeSharingTest, OneGroupUnderTwoParentsIsSwitchedOffInBoth) {
     auto room = std::make_shared<GroupCommand>();
     auto blurred = std::make_shared<BlurredPassCommand>();
@@ -181,23 +104,6 @@ TEST(TreeSharingTest, OneGroupUnderTwoParentsIsSwitchedOffInBoth) {
     EXPECT_FALSE(main->commands[0]->enabled);
     EXPECT_FALSE(blurred->commands[0]->enabled);
     EXPECT_EQ(main->commands[0], blurred->commands[0]);
-}
-
-TEST(TreeSharingTest, NodeLivesAsLongAsAnyParentHoldsIt) {
-    std::weak_ptr<Command> watch;
-    auto first = std::make_shared<GroupCommand>();
-    auto second = std::make_shared<GroupCommand>();
-    {
-        auto node = std::make_shared<NoopCommand>();
-        watch = node;
-        first->commands.push_back(node);
-        second->commands.push_back(node);
-    }
-    EXPECT_FALSE(watch.expired());
-    first.reset();
-    EXPECT_FALSE(watch.expired());
-    second.reset();
-    EXPECT_TRUE(watch.expired());
 }
 
 } // namespace

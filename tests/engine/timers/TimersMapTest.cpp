@@ -60,20 +60,6 @@ TEST(TimersMapTest, NonRotatingTimerStopsAtOneAndRestartsWithSet) {
     EXPECT_NEAR(timers.get(Timers::Clouds), 0.3f, kEps);
 }
 
-TEST(TimersMapTest, BackwardClockMovesPhasesBackAndCanGoNegative) {
-    TimersMap timers;
-    timers.add(Timers::Water, 1000.0f);
-    timers.add(Timers::Clouds, 1000.0f, false);
-    timers.iterate(5000.0);
-    timers.iterate(5250.0);
-    timers.set(Timers::Clouds, 0.5f);
-
-    timers.iterate(4900.0); // 350 ms back
-    EXPECT_NEAR(timers.get(Timers::Water), -0.1f, kEps);
-    EXPECT_NEAR(timers.get(Timers::Clouds), 0.15f, kEps);
-    EXPECT_LT(timers.get(Timers::Water), 0.0f);
-}
-
 TEST(TimersMapTest, UnknownKeyFailsWithTimerNotFound) {
     TimersMap timers;
     timers.add(Timers::Camera, 1000.0f);
@@ -90,49 +76,6 @@ TEST(TimersMapTest, UnknownKeyFailsWithTimerNotFound) {
     // Same underlying value, other enumeration: a different key.
     expectNotFound([&] { timers.get(OtherTimers::Camera); });
     expectNotFound([&] { timers.set(OtherTimers::Camera, 0.5f); });
-}
-
-TEST(TimersMapTest, KeysAreTheConstantsOfTheirOwnEnumeration) {
-    TimersMap timers;
-    timers.add(Timers::Water, 1000.0f);
-    timers.add(OtherTimers::Water, 4000.0f);
-    EXPECT_EQ(timers.size(), 2u);
-    timers.iterate(1000.0 + 500.0);
-    EXPECT_NEAR(timers.get(Timers::Water), 0.5f, kEps);
-    EXPECT_NEAR(timers.get(OtherTimers::Water), 0.375f, kEps);
-
-    timers.set(OtherTimers::Water, 0.125f);
-    EXPECT_NEAR(timers.get(Timers::Water), 0.5f, kEps);
-    EXPECT_FLOAT_EQ(timers.get(OtherTimers::Water), 0.125f);
-}
-
-TEST(TimersMapTest, AddingAKeyAgainReplacesItsEntry) {
-    TimersMap timers;
-    timers.add(Timers::Water, 1000.0f);
-    timers.iterate(250.0);
-    timers.add(Timers::Water, 2000.0f, false);
-    EXPECT_EQ(timers.size(), 1u);
-    EXPECT_EQ(timers.params(Timers::Water), TimerParams(0.0f, 2000.0f, false));
-    timers.iterate(1250.0);
-    EXPECT_NEAR(timers.get(Timers::Water), 0.5f, kEps);
-}
-
-TEST(TimersMapTest, ZeroPeriodGivesNaN) {
-    TimersMap timers;
-    timers.add(Timers::Water, 0.0f);
-    timers.iterate(10.0);
-    EXPECT_TRUE(std::isnan(timers.get(Timers::Water)));
-}
-
-TEST(TimerParamsTest, ValueClass) {
-    const TimerParams a(0.25f, 1000.0f, true);
-    EXPECT_EQ(a.toString(), "TimerParams(timer=0.25, period=1000.0, rotating=true)");
-    EXPECT_EQ(TimerParams(0.0f, 3.5f, false).toString(), "TimerParams(timer=0.0, period=3.5, rotating=false)");
-    EXPECT_EQ(a, TimerParams(0.25f, 1000.0f, true));
-    EXPECT_EQ(a.hash(), TimerParams(0.25f, 1000.0f, true).hash());
-    EXPECT_EQ(std::hash<TimerParams>{}(a), a.hash());
-    EXPECT_NE(a, TimerParams(0.25f, 1000.0f, false));
-    EXPECT_NE(a, TimerParams(0.5f, 1000.0f, true));
 }
 
 } // namespace

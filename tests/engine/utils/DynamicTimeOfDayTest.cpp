@@ -18,19 +18,6 @@ struct FakeClock {
     }
 };
 
-TEST(TimeOfDayTest, ParsingIsExactWithAutoAsFallback) {
-    EXPECT_EQ(engine::utils::fromString("auto"), TimeOfDay::Auto);
-    EXPECT_EQ(engine::utils::fromString("night"), TimeOfDay::Night);
-    EXPECT_EQ(engine::utils::fromString("dawn"), TimeOfDay::Dawn);
-    EXPECT_EQ(engine::utils::fromString("day"), TimeOfDay::Day);
-    EXPECT_EQ(engine::utils::fromString("dusk"), TimeOfDay::Dusk);
-    // Exact comparison: anything else falls back to Auto.
-    EXPECT_EQ(engine::utils::fromString("Day"), TimeOfDay::Auto);
-    EXPECT_EQ(engine::utils::fromString("Auto"), TimeOfDay::Auto);
-    EXPECT_EQ(engine::utils::fromString(" dusk"), TimeOfDay::Auto);
-    EXPECT_EQ(engine::utils::fromString(""), TimeOfDay::Auto);
-}
-
 TEST(DynamicTimeOfDayTest, EveryMinuteOfTheDayFallsInItsHourRange) {
     // 05:59 night, 06:00 dawn, 09:00 day, 17:00 dusk, 19:00 night: the fractions of the day are
     // single-precision floats, and 17:00 and 19:00 land exactly on the upper side.
@@ -64,36 +51,6 @@ TEST(DynamicTimeOfDayTest, ChangesAreReportedOnlyWhenTheClockMovesThePhase) {
     EXPECT_TRUE(time.updateTimeOfDay());
     EXPECT_EQ(time.dynamicTimeOfDay(), TimeOfDay::Dawn);
     EXPECT_FALSE(time.updateTimeOfDay());
-}
-
-TEST(DynamicTimeOfDayTest, FixedChoiceIsCopiedAndNeverReportsAChange) {
-    FakeClock clock{12, 0};
-    DynamicTimeOfDay time(clock.reader());
-    time.setTimeOfDay(TimeOfDay::Dusk);
-    EXPECT_EQ(time.dynamicTimeOfDay(), TimeOfDay::Dusk);
-    EXPECT_FALSE(time.updateTimeOfDay());
-    EXPECT_EQ(time.dynamicTimeOfDay(), TimeOfDay::Dusk);
-
-    time.setTimeOfDay(TimeOfDay::Night);
-    EXPECT_EQ(time.dynamicTimeOfDay(), TimeOfDay::Night);
-    EXPECT_FALSE(time.updateTimeOfDay());
-
-    // Back to Auto at noon: the clock takes over at once.
-    time.setTimeOfDay(TimeOfDay::Auto);
-    EXPECT_EQ(time.dynamicTimeOfDay(), TimeOfDay::Day);
-    EXPECT_FALSE(time.updateTimeOfDay());
-}
-
-TEST(DynamicTimeOfDayTest, FromFixedDuskToAutoAtSixPmKeepsDuskWithoutAChange) {
-    FakeClock clock{18, 0};
-    DynamicTimeOfDay time(clock.reader());
-    time.setTimeOfDay(TimeOfDay::Dusk);
-    time.setTimeOfDay(TimeOfDay::Auto);
-    EXPECT_EQ(time.dynamicTimeOfDay(), TimeOfDay::Dusk);
-    EXPECT_FALSE(time.updateTimeOfDay());
-    clock.hour = 19;
-    EXPECT_TRUE(time.updateTimeOfDay());
-    EXPECT_EQ(time.dynamicTimeOfDay(), TimeOfDay::Night);
 }
 
 } // namespace

@@ -63,28 +63,4 @@ TEST(LocalTimeTest, HourAndMinuteFollowTheTimeZone) {
     FAIL() << "the minute kept turning over";
 }
 
-TEST(LocalTimeTest, DefaultDynamicTimeOfDayReadsTheLocalClock) {
-    TimeZone guard("UTC0");
-    engine::utils::DynamicTimeOfDay time;
-    for (int attempt = 0; attempt < 3; ++attempt) {
-        const std::time_t before = std::time(nullptr);
-        time.updateTimeOfDay();
-        const std::time_t after = std::time(nullptr);
-        if (before / 60 != after / 60) {
-            continue;
-        }
-        std::tm utc{};
-        gmtime_r(&before, &utc);
-        const int h = utc.tm_hour;
-        const auto expected = h < 6    ? engine::utils::TimeOfDay::Night
-                              : h < 9  ? engine::utils::TimeOfDay::Dawn
-                              : h < 17 ? engine::utils::TimeOfDay::Day
-                              : h < 19 ? engine::utils::TimeOfDay::Dusk
-                                       : engine::utils::TimeOfDay::Night;
-        EXPECT_EQ(time.dynamicTimeOfDay(), expected);
-        return;
-    }
-    FAIL() << "the minute kept turning over";
-}
-
 } // namespace

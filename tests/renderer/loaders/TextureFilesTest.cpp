@@ -46,29 +46,11 @@ TEST_F(TextureFilesTest, EightBitFormatsReadWebpFiles) {
     EXPECT_EQ(gl.liveTextures(), 2u);
 }
 
-TEST_F(TextureFilesTest, HalfFloatTablesKeepTheirOwnExtensionAndTakeTheSceneSize) {
-    // 3 by 2 pixels of 4 halves; the values are exact in half precision.
-    std::vector<float> values;
-    for (int i = 0; i < 3 * 2 * 4; ++i) {
-        values.push_back(static_cast<float>(i) * 0.5f - 3.0f);
-    }
-    dir.write("seal/idle/animal.rgba.fp16", test::fp16File(values));
-    auto texture = description("seal/idle/animal.rgba.fp16", engine::TextureFormat::RGBA16F);
-    texture.width = 3;
-    texture.height = 2;
-    const auto loaded = TextureFiles::load(gl, texture, dir.path());
-    ASSERT_TRUE(loaded.has_value());
-    EXPECT_EQ(loaded->internalFormat, static_cast<GLenum>(GL_RGBA16F));
-    const auto t = std::to_string(loaded->texture);
-    EXPECT_EQ(gl.log({GlCall::TexImage2D}),
-              (std::vector<std::string>{"texImage2D(" + t + ", 0, 34842, 3, 2, 6408, 5131, 1)"}));
-}
-
 TEST_F(TextureFilesTest, AstcWithoutMipmapsReadsOneFileAndWithMipmapsOnePerLevel) {
     writeAstc("blue-noise-16.astc", 16);
     gl.extensions.insert("GL_KHR_texture_compression_astc_ldr");
     ASSERT_TRUE(TextureFiles::load(gl, description("blue-noise-16", engine::TextureFormat::ASTC), dir.path()));
-    EXPECT_EQ(gl.count(GlCall::CompressedTexImage2D), 1u);
+    EXPECT_EQ(gl.count(GlCall::compressedTexImage2D), 1u);
 
     for (int level = 0, size = 8; level <= 3; ++level, size /= 2) {
         writeAstc("caustics1_" + std::to_string(level) + ".astc", size);
@@ -77,14 +59,7 @@ TEST_F(TextureFilesTest, AstcWithoutMipmapsReadsOneFileAndWithMipmapsOnePerLevel
     const auto loaded = TextureFiles::load(gl, description("caustics1", engine::TextureFormat::ASTC, 3), dir.path());
     ASSERT_TRUE(loaded);
     EXPECT_EQ(loaded->levels, 4);
-    EXPECT_EQ(gl.count(GlCall::CompressedTexImage2D), 4u);
-}
-
-TEST_F(TextureFilesTest, FormatsWithoutALoaderGiveNoTextureAndTouchNothing) {
-    for (auto format : {engine::TextureFormat::RGBA32F, engine::TextureFormat::RGB16F, engine::TextureFormat::RGB32F}) {
-        EXPECT_FALSE(TextureFiles::load(gl, description("anything", format), dir.path()).has_value());
-    }
-    EXPECT_TRUE(gl.calls.empty());
+    EXPECT_EQ(gl.count(GlCall::compressedTexImage2D), 4u);
 }
 
 TEST_F(TextureFilesTest, LoaderErrorsComeThroughTryLoadWithTheirOwnWords) {

@@ -1,3 +1,6 @@
+// One file for the recording fake: each GL call records itself and keeps the piece of GL state
+// that later calls and draws read back (bindings, programs, vertex arrays), so the calls depend
+// on one another the way GL's do.
 #include "tests/renderer/support/RecordingGl.h"
 
 #include <gtest/gtest.h>
@@ -10,20 +13,9 @@ namespace renderer::test {
 namespace {
 
 constexpr const char* CALL_NAMES[] = {
-    "hasExtension", "version", "getError", "finish",
-    "createBuffer", "deleteBuffer", "bindBuffer",
-    "createTexture", "deleteTexture", "texImage2D", "compressedTexImage2D", "texParameteri", "bindTexture",
-    "createSampler", "deleteSampler", "samplerParameteri", "samplerParameterf", "bindSampler",
-    "createProgram", "deleteProgram", "uniformLocation", "useProgram", "uniformFloats", "uniformInts",
-    "createVertexArray", "deleteVertexArray", "bindVertexArray", "enableVertexAttribArray",
-    "vertexAttribPointer", "vertexAttribIPointer",
-    "createFramebuffer", "deleteFramebuffer", "bindFramebuffer", "framebufferTexture",
-    "framebufferRenderbuffer", "checkFramebufferStatus", "createRenderbuffer", "deleteRenderbuffer",
-    "blitFramebuffer", "invalidateFramebuffer", "readPixels",
-    "viewport", "clearColor", "clearDepth", "clear", "enable", "disable", "blendEquationSeparate",
-    "blendFuncSeparate", "depthFunc", "depthMask", "cullFace", "frontFace",
-    "drawElements", "drawArrays",
-    "createQuery", "deleteQuery", "beginTimeQuery", "endTimeQuery", "timeQueryResult",
+#define GL_METHOD(Result, name, parameters, arguments, qualifier) #name,
+#include "renderer/gl/GlMethods.inc"
+#undef GL_METHOD
 };
 
 /// Components and kind of a GLSL type name; false for types the fake does not know.
@@ -175,28 +167,28 @@ bool RecordingGl::hasExtension(std::string_view name) const {
 int RecordingGl::version() const { return glVersion; }
 
 GLenum RecordingGl::getError() {
-    record(GlCall::GetError, {});
+    record(GlCall::getError, {});
     return GL_NO_ERROR;
 }
 
-void RecordingGl::finish() { record(GlCall::Finish, {}); }
+void RecordingGl::finish() { record(GlCall::finish, {}); }
 
 GLuint RecordingGl::createBuffer(GLenum target, std::span<const std::byte> data) {
     GLuint name = newName();
     buffers_[name].assign(data.begin(), data.end());
-    record(GlCall::CreateBuffer, {double(target), double(data.size()), double(name)});
+    record(GlCall::createBuffer, {double(target), double(data.size()), double(name)});
     return name;
 }
 
 void RecordingGl::deleteBuffer(GLuint buffer) {
-    record(GlCall::DeleteBuffer, {double(buffer)});
+    record(GlCall::deleteBuffer, {double(buffer)});
     if (buffers_.erase(buffer) == 0) {
         ADD_FAILURE() << "deleteBuffer of unknown buffer " << buffer;
     }
 }
 
 void RecordingGl::bindBuffer(GLenum target, GLuint buffer) {
-    record(GlCall::BindBuffer, {double(target), double(buffer)});
+    record(GlCall::bindBuffer, {double(target), double(buffer)});
     if (buffer != 0 && buffers_.count(buffer) == 0) {
         ADD_FAILURE() << "bindBuffer of unknown buffer " << buffer;
     }
@@ -214,12 +206,12 @@ void RecordingGl::bindBuffer(GLenum target, GLuint buffer) {
 GLuint RecordingGl::createTexture() {
     GLuint name = newName();
     textures_[name] = {0, 0, 0};
-    record(GlCall::CreateTexture, {double(name)});
+    record(GlCall::createTexture, {double(name)});
     return name;
 }
 
 void RecordingGl::deleteTexture(GLuint texture) {
-    record(GlCall::DeleteTexture, {double(texture)});
+    record(GlCall::deleteTexture, {double(texture)});
     if (textures_.erase(texture) == 0) {
         ADD_FAILURE() << "deleteTexture of unknown texture " << texture;
     }
@@ -227,7 +219,7 @@ void RecordingGl::deleteTexture(GLuint texture) {
 
 void RecordingGl::texImage2D(GLuint texture, GLint level, GLenum internalFormat, GLsizei width, GLsizei height,
                              GLenum format, GLenum type, const void* pixels) {
-    record(GlCall::TexImage2D, {double(texture), double(level), double(internalFormat), double(width),
+    record(GlCall::texImage2D, {double(texture), double(level), double(internalFormat), double(width),
                                 double(height), double(format), double(type), pixels ? 1.0 : 0.0});
     auto it = textures_.find(texture);
     if (it == textures_.end()) {
@@ -239,7 +231,7 @@ void RecordingGl::texImage2D(GLuint texture, GLint level, GLenum internalFormat,
 
 void RecordingGl::compressedTexImage2D(GLuint texture, GLint level, GLenum internalFormat, GLsizei width,
                                        GLsizei height, std::span<const std::byte> data) {
-    record(GlCall::CompressedTexImage2D, {double(texture), double(level), double(internalFormat), double(width),
+    record(GlCall::compressedTexImage2D, {double(texture), double(level), double(internalFormat), double(width),
                                           double(height), double(data.size())});
     auto it = textures_.find(texture);
     if (it == textures_.end()) {
@@ -250,14 +242,14 @@ void RecordingGl::compressedTexImage2D(GLuint texture, GLint level, GLenum inter
 }
 
 void RecordingGl::texParameteri(GLuint texture, GLenum name, GLint value) {
-    record(GlCall::TexParameteri, {double(texture), double(name), double(value)});
+    record(GlCall::texParameteri, {double(texture), double(name), double(value)});
     if (textures_.count(texture) == 0) {
         ADD_FAILURE() << "texParameteri of unknown texture " << texture;
     }
 }
 
 void RecordingGl::bindTexture(GLuint unit, GLuint texture) {
-    record(GlCall::BindTexture, {double(unit), double(texture)});
+    record(GlCall::bindTexture, {double(unit), double(texture)});
     if (unit >= textureUnits_.size()) {
         ADD_FAILURE() << "bindTexture on unit " << unit;
         return;
@@ -271,19 +263,19 @@ void RecordingGl::bindTexture(GLuint unit, GLuint texture) {
 GLuint RecordingGl::createSampler() {
     GLuint name = newName();
     samplers_[name];
-    record(GlCall::CreateSampler, {double(name)});
+    record(GlCall::createSampler, {double(name)});
     return name;
 }
 
 void RecordingGl::deleteSampler(GLuint sampler) {
-    record(GlCall::DeleteSampler, {double(sampler)});
+    record(GlCall::deleteSampler, {double(sampler)});
     if (samplers_.erase(sampler) == 0) {
         ADD_FAILURE() << "deleteSampler of unknown sampler " << sampler;
     }
 }
 
 void RecordingGl::samplerParameteri(GLuint sampler, GLenum name, GLint value) {
-    record(GlCall::SamplerParameteri, {double(sampler), double(name), double(value)});
+    record(GlCall::samplerParameteri, {double(sampler), double(name), double(value)});
     auto it = samplers_.find(sampler);
     if (it == samplers_.end()) {
         ADD_FAILURE() << "samplerParameteri of unknown sampler " << sampler;
@@ -293,7 +285,7 @@ void RecordingGl::samplerParameteri(GLuint sampler, GLenum name, GLint value) {
 }
 
 void RecordingGl::samplerParameterf(GLuint sampler, GLenum name, GLfloat value) {
-    record(GlCall::SamplerParameterf, {double(sampler), double(name), double(value)});
+    record(GlCall::samplerParameterf, {double(sampler), double(name), double(value)});
     auto it = samplers_.find(sampler);
     if (it == samplers_.end()) {
         ADD_FAILURE() << "samplerParameterf of unknown sampler " << sampler;
@@ -303,7 +295,7 @@ void RecordingGl::samplerParameterf(GLuint sampler, GLenum name, GLfloat value) 
 }
 
 void RecordingGl::bindSampler(GLuint unit, GLuint sampler) {
-    record(GlCall::BindSampler, {double(unit), double(sampler)});
+    record(GlCall::bindSampler, {double(unit), double(sampler)});
     if (unit >= samplerUnits_.size()) {
         ADD_FAILURE() << "bindSampler on unit " << unit;
         return;
@@ -319,7 +311,7 @@ GLuint RecordingGl::createProgram(std::string_view vertexSource, std::string_vie
     const std::string sources = std::string(vertexSource) + "\n" + std::string(fragmentSource);
     if (vertexSource.empty() || fragmentSource.empty() || sources.find("#error") != std::string::npos) {
         log = "compile error";
-        record(GlCall::CreateProgram, {0.0});
+        record(GlCall::createProgram, {0.0});
         return 0;
     }
     GLuint name = newName();
@@ -335,19 +327,19 @@ GLuint RecordingGl::createProgram(std::string_view vertexSource, std::string_vie
         }
     }
     programs_[name] = std::move(program);
-    record(GlCall::CreateProgram, {double(name)});
+    record(GlCall::createProgram, {double(name)});
     return name;
 }
 
 void RecordingGl::deleteProgram(GLuint program) {
-    record(GlCall::DeleteProgram, {double(program)});
+    record(GlCall::deleteProgram, {double(program)});
     if (programs_.erase(program) == 0) {
         ADD_FAILURE() << "deleteProgram of unknown program " << program;
     }
 }
 
 GLint RecordingGl::uniformLocation(GLuint program, const char* name) {
-    record(GlCall::UniformLocation, {double(program)});
+    record(GlCall::uniformLocation, {double(program)});
     auto it = programs_.find(program);
     if (it == programs_.end()) {
         ADD_FAILURE() << "uniformLocation in unknown program " << program;
@@ -362,7 +354,7 @@ GLint RecordingGl::uniformLocation(GLuint program, const char* name) {
 }
 
 void RecordingGl::useProgram(GLuint program) {
-    record(GlCall::UseProgram, {double(program)});
+    record(GlCall::useProgram, {double(program)});
     if (program != 0 && programs_.count(program) == 0) {
         ADD_FAILURE() << "useProgram of unknown program " << program;
     }
@@ -374,7 +366,7 @@ void RecordingGl::uniformFloats(GLint location, int components, GLsizei count, c
     const int n = (components == 16 ? 16 : components) * count;
     std::vector<double> value(values, values + std::max(n, 0));
     args.insert(args.end(), value.begin(), value.end());
-    record(GlCall::UniformFloats, std::move(args));
+    record(GlCall::uniformFloats, std::move(args));
     if (location < 0) {
         return;
     }
@@ -401,7 +393,7 @@ void RecordingGl::uniformInts(GLint location, int components, GLsizei count, con
     std::vector<double> args{double(location), double(components), double(count)};
     std::vector<double> value(values, values + std::max(components * count, 0));
     args.insert(args.end(), value.begin(), value.end());
-    record(GlCall::UniformInts, std::move(args));
+    record(GlCall::uniformInts, std::move(args));
     if (location < 0) {
         return;
     }
@@ -426,12 +418,12 @@ void RecordingGl::uniformInts(GLint location, int components, GLsizei count, con
 GLuint RecordingGl::createVertexArray() {
     GLuint name = newName();
     vertexArrays_[name];
-    record(GlCall::CreateVertexArray, {double(name)});
+    record(GlCall::createVertexArray, {double(name)});
     return name;
 }
 
 void RecordingGl::deleteVertexArray(GLuint vertexArray) {
-    record(GlCall::DeleteVertexArray, {double(vertexArray)});
+    record(GlCall::deleteVertexArray, {double(vertexArray)});
     if (vertexArrays_.erase(vertexArray) == 0) {
         ADD_FAILURE() << "deleteVertexArray of unknown vertex array " << vertexArray;
     }
@@ -441,7 +433,7 @@ void RecordingGl::deleteVertexArray(GLuint vertexArray) {
 }
 
 void RecordingGl::bindVertexArray(GLuint vertexArray) {
-    record(GlCall::BindVertexArray, {double(vertexArray)});
+    record(GlCall::bindVertexArray, {double(vertexArray)});
     if (vertexArray != 0 && vertexArrays_.count(vertexArray) == 0) {
         ADD_FAILURE() << "bindVertexArray of unknown vertex array " << vertexArray;
     }
@@ -449,7 +441,7 @@ void RecordingGl::bindVertexArray(GLuint vertexArray) {
 }
 
 void RecordingGl::enableVertexAttribArray(GLuint index) {
-    record(GlCall::EnableVertexAttribArray, {double(index)});
+    record(GlCall::enableVertexAttribArray, {double(index)});
     if (vertexArray_ == 0) {
         ADD_FAILURE() << "enableVertexAttribArray without a vertex array";
         return;
@@ -459,7 +451,7 @@ void RecordingGl::enableVertexAttribArray(GLuint index) {
 
 void RecordingGl::vertexAttribPointer(GLuint index, GLint size, GLenum type, bool normalized, GLsizei stride,
                                       std::size_t offset) {
-    record(GlCall::VertexAttribPointer,
+    record(GlCall::vertexAttribPointer,
            {double(index), double(size), double(type), normalized ? 1.0 : 0.0, double(stride), double(offset)});
     if (vertexArray_ == 0 || arrayBuffer_ == 0) {
         ADD_FAILURE() << "vertexAttribPointer without a vertex array or array buffer";
@@ -470,7 +462,7 @@ void RecordingGl::vertexAttribPointer(GLuint index, GLint size, GLenum type, boo
 }
 
 void RecordingGl::vertexAttribIPointer(GLuint index, GLint size, GLenum type, GLsizei stride, std::size_t offset) {
-    record(GlCall::VertexAttribIPointer, {double(index), double(size), double(type), double(stride), double(offset)});
+    record(GlCall::vertexAttribIPointer, {double(index), double(size), double(type), double(stride), double(offset)});
     if (vertexArray_ == 0 || arrayBuffer_ == 0) {
         ADD_FAILURE() << "vertexAttribIPointer without a vertex array or array buffer";
         return;
@@ -482,19 +474,19 @@ void RecordingGl::vertexAttribIPointer(GLuint index, GLint size, GLenum type, GL
 GLuint RecordingGl::createFramebuffer() {
     GLuint name = newName();
     framebuffers_.insert(name);
-    record(GlCall::CreateFramebuffer, {double(name)});
+    record(GlCall::createFramebuffer, {double(name)});
     return name;
 }
 
 void RecordingGl::deleteFramebuffer(GLuint framebuffer) {
-    record(GlCall::DeleteFramebuffer, {double(framebuffer)});
+    record(GlCall::deleteFramebuffer, {double(framebuffer)});
     if (framebuffers_.erase(framebuffer) == 0) {
         ADD_FAILURE() << "deleteFramebuffer of unknown framebuffer " << framebuffer;
     }
 }
 
 void RecordingGl::bindFramebuffer(GLenum target, GLuint framebuffer) {
-    record(GlCall::BindFramebuffer, {double(target), double(framebuffer)});
+    record(GlCall::bindFramebuffer, {double(target), double(framebuffer)});
     if (framebuffer != 0 && framebuffers_.count(framebuffer) == 0) {
         ADD_FAILURE() << "bindFramebuffer of unknown framebuffer " << framebuffer;
     }
@@ -507,7 +499,7 @@ void RecordingGl::bindFramebuffer(GLenum target, GLuint framebuffer) {
 }
 
 void RecordingGl::framebufferTexture(GLuint framebuffer, GLenum attachment, GLuint texture) {
-    record(GlCall::FramebufferTexture, {double(framebuffer), double(attachment), double(texture)});
+    record(GlCall::framebufferTexture, {double(framebuffer), double(attachment), double(texture)});
     if (framebuffers_.count(framebuffer) == 0 || (texture != 0 && textures_.count(texture) == 0)) {
         ADD_FAILURE() << "framebufferTexture with unknown objects " << framebuffer << ", " << texture;
         return;
@@ -516,7 +508,7 @@ void RecordingGl::framebufferTexture(GLuint framebuffer, GLenum attachment, GLui
 }
 
 void RecordingGl::framebufferRenderbuffer(GLuint framebuffer, GLenum attachment, GLuint renderbuffer) {
-    record(GlCall::FramebufferRenderbuffer, {double(framebuffer), double(attachment), double(renderbuffer)});
+    record(GlCall::framebufferRenderbuffer, {double(framebuffer), double(attachment), double(renderbuffer)});
     if (framebuffers_.count(framebuffer) == 0 || (renderbuffer != 0 && renderbuffers_.count(renderbuffer) == 0)) {
         ADD_FAILURE() << "framebufferRenderbuffer with unknown objects " << framebuffer << ", " << renderbuffer;
         return;
@@ -525,7 +517,7 @@ void RecordingGl::framebufferRenderbuffer(GLuint framebuffer, GLenum attachment,
 }
 
 GLenum RecordingGl::checkFramebufferStatus(GLuint framebuffer) {
-    record(GlCall::CheckFramebufferStatus, {double(framebuffer)});
+    record(GlCall::checkFramebufferStatus, {double(framebuffer)});
     drawFramebuffer_ = framebuffer;
     return framebufferStatus;
 }
@@ -533,13 +525,13 @@ GLenum RecordingGl::checkFramebufferStatus(GLuint framebuffer) {
 GLuint RecordingGl::createRenderbuffer(GLsizei samples, GLenum internalFormat, GLsizei width, GLsizei height) {
     GLuint name = newName();
     renderbuffers_[name] = {samples, GLint(internalFormat), width, height};
-    record(GlCall::CreateRenderbuffer, {double(samples), double(internalFormat), double(width), double(height),
+    record(GlCall::createRenderbuffer, {double(samples), double(internalFormat), double(width), double(height),
                                         double(name)});
     return name;
 }
 
 void RecordingGl::deleteRenderbuffer(GLuint renderbuffer) {
-    record(GlCall::DeleteRenderbuffer, {double(renderbuffer)});
+    record(GlCall::deleteRenderbuffer, {double(renderbuffer)});
     if (renderbuffers_.erase(renderbuffer) == 0) {
         ADD_FAILURE() << "deleteRenderbuffer of unknown renderbuffer " << renderbuffer;
     }
@@ -547,7 +539,7 @@ void RecordingGl::deleteRenderbuffer(GLuint renderbuffer) {
 
 void RecordingGl::blitFramebuffer(GLint srcX0, GLint srcY0, GLint srcX1, GLint srcY1, GLint dstX0, GLint dstY0,
                                   GLint dstX1, GLint dstY1, GLbitfield mask, GLenum filter) {
-    record(GlCall::BlitFramebuffer, {double(srcX0), double(srcY0), double(srcX1), double(srcY1), double(dstX0),
+    record(GlCall::blitFramebuffer, {double(srcX0), double(srcY0), double(srcX1), double(srcY1), double(dstX0),
                                      double(dstY0), double(dstX1), double(dstY1), double(mask), double(filter),
                                      double(readFramebuffer_), double(drawFramebuffer_)});
     if (readFramebuffer_ == drawFramebuffer_) {
@@ -560,70 +552,70 @@ void RecordingGl::invalidateFramebuffer(GLenum target, std::span<const GLenum> a
     for (GLenum attachment : attachments) {
         args.push_back(double(attachment));
     }
-    record(GlCall::InvalidateFramebuffer, std::move(args));
+    record(GlCall::invalidateFramebuffer, std::move(args));
 }
 
 void RecordingGl::readPixels(GLint x, GLint y, GLsizei width, GLsizei height, GLenum format, GLenum type,
                              void* pixels) {
-    record(GlCall::ReadPixels, {double(x), double(y), double(width), double(height), double(format), double(type)});
+    record(GlCall::readPixels, {double(x), double(y), double(width), double(height), double(format), double(type)});
     (void)pixels;
 }
 
 void RecordingGl::viewport(GLint x, GLint y, GLsizei width, GLsizei height) {
-    record(GlCall::Viewport, {double(x), double(y), double(width), double(height)});
+    record(GlCall::viewport, {double(x), double(y), double(width), double(height)});
     viewport_ = {x, y, width, height};
 }
 
 void RecordingGl::clearColor(GLfloat red, GLfloat green, GLfloat blue, GLfloat alpha) {
-    record(GlCall::ClearColor, {red, green, blue, alpha});
+    record(GlCall::clearColor, {red, green, blue, alpha});
 }
 
-void RecordingGl::clearDepth(GLdouble depth) { record(GlCall::ClearDepth, {depth}); }
+void RecordingGl::clearDepth(GLdouble depth) { record(GlCall::clearDepth, {depth}); }
 
 void RecordingGl::clear(GLbitfield mask) {
-    record(GlCall::Clear, {double(mask), double(drawFramebuffer_), depthMask_ ? 1.0 : 0.0});
+    record(GlCall::clear, {double(mask), double(drawFramebuffer_), depthMask_ ? 1.0 : 0.0});
     if ((mask & GL_DEPTH_BUFFER_BIT) != 0 && !depthMask_) {
         ADD_FAILURE() << "depth cleared while depth writes are off: the clear does nothing";
     }
 }
 
 void RecordingGl::enable(GLenum capability) {
-    record(GlCall::Enable, {double(capability)});
+    record(GlCall::enable, {double(capability)});
     enabled_.insert(capability);
 }
 
 void RecordingGl::disable(GLenum capability) {
-    record(GlCall::Disable, {double(capability)});
+    record(GlCall::disable, {double(capability)});
     enabled_.erase(capability);
 }
 
 void RecordingGl::blendEquationSeparate(GLenum modeColor, GLenum modeAlpha) {
-    record(GlCall::BlendEquationSeparate, {double(modeColor), double(modeAlpha)});
+    record(GlCall::blendEquationSeparate, {double(modeColor), double(modeAlpha)});
 }
 
 void RecordingGl::blendFuncSeparate(GLenum sourceColor, GLenum destinationColor, GLenum sourceAlpha,
                                     GLenum destinationAlpha) {
-    record(GlCall::BlendFuncSeparate,
+    record(GlCall::blendFuncSeparate,
            {double(sourceColor), double(destinationColor), double(sourceAlpha), double(destinationAlpha)});
     blendFactors_ = {sourceColor, destinationColor, sourceAlpha, destinationAlpha};
 }
 
 void RecordingGl::depthFunc(GLenum function) {
-    record(GlCall::DepthFunc, {double(function)});
+    record(GlCall::depthFunc, {double(function)});
     depthFunc_ = function;
 }
 
 void RecordingGl::depthMask(bool write) {
-    record(GlCall::DepthMask, {write ? 1.0 : 0.0});
+    record(GlCall::depthMask, {write ? 1.0 : 0.0});
     depthMask_ = write;
 }
 
 void RecordingGl::cullFace(GLenum mode) {
-    record(GlCall::CullFace, {double(mode)});
+    record(GlCall::cullFace, {double(mode)});
 }
 
 void RecordingGl::frontFace(GLenum mode) {
-    record(GlCall::FrontFace, {double(mode)});
+    record(GlCall::frontFace, {double(mode)});
     frontFace_ = mode;
 }
 
@@ -668,8 +660,8 @@ void RecordingGl::snapshotDraw(GlCall kind, GLenum mode, GLsizei count) {
 }
 
 void RecordingGl::drawElements(GLenum mode, GLsizei count, GLenum type, std::size_t offset) {
-    record(GlCall::DrawElements, {double(mode), double(count), double(type), double(offset)});
-    snapshotDraw(GlCall::DrawElements, mode, count);
+    record(GlCall::drawElements, {double(mode), double(count), double(type), double(offset)});
+    snapshotDraw(GlCall::drawElements, mode, count);
     const GLuint elements = draws.back().elementBuffer;
     if (elements == 0) {
         ADD_FAILURE() << "drawElements with no element array buffer";
@@ -682,26 +674,26 @@ void RecordingGl::drawElements(GLenum mode, GLsizei count, GLenum type, std::siz
 }
 
 void RecordingGl::drawArrays(GLenum mode, GLint first, GLsizei count) {
-    record(GlCall::DrawArrays, {double(mode), double(first), double(count)});
-    snapshotDraw(GlCall::DrawArrays, mode, count);
+    record(GlCall::drawArrays, {double(mode), double(first), double(count)});
+    snapshotDraw(GlCall::drawArrays, mode, count);
 }
 
 GLuint RecordingGl::createQuery() {
     GLuint name = newName();
     queries_.insert(name);
-    record(GlCall::CreateQuery, {double(name)});
+    record(GlCall::createQuery, {double(name)});
     return name;
 }
 
 void RecordingGl::deleteQuery(GLuint query) {
-    record(GlCall::DeleteQuery, {double(query)});
+    record(GlCall::deleteQuery, {double(query)});
     if (queries_.erase(query) == 0) {
         ADD_FAILURE() << "deleteQuery of unknown query " << query;
     }
 }
 
 void RecordingGl::beginTimeQuery(GLuint query) {
-    record(GlCall::BeginTimeQuery, {double(query)});
+    record(GlCall::beginTimeQuery, {double(query)});
     if (queryRunning_ || queries_.count(query) == 0) {
         ADD_FAILURE() << "beginTimeQuery while one runs, or of an unknown query";
     }
@@ -709,7 +701,7 @@ void RecordingGl::beginTimeQuery(GLuint query) {
 }
 
 void RecordingGl::endTimeQuery() {
-    record(GlCall::EndTimeQuery, {});
+    record(GlCall::endTimeQuery, {});
     if (!queryRunning_) {
         ADD_FAILURE() << "endTimeQuery with none running";
     }
@@ -717,7 +709,7 @@ void RecordingGl::endTimeQuery() {
 }
 
 std::uint64_t RecordingGl::timeQueryResult(GLuint query) {
-    record(GlCall::TimeQueryResult, {double(query)});
+    record(GlCall::timeQueryResult, {double(query)});
     return 1000;
 }
 

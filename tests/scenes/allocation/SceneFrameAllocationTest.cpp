@@ -36,12 +36,6 @@ std::size_t allocationsAfterFirstFrame(SceneT& scene, int frames, const std::fun
     return allocationCount() - before;
 }
 
-TEST(SceneFrameAllocation, CounterSeesTheAllocationsOfBuildingAScene) {
-    const std::size_t before = allocationCount();
-    scenes::nivalis::NivalisScene scene;
-    EXPECT_GT(allocationCount() - before, 100u);
-}
-
 TEST(SceneFrameAllocation, NivalisAllocatesNothingAfterItsFirstFrame) {
     using namespace scenes::nivalis;
     engine::math::Random::seed(1);

@@ -36,55 +36,6 @@ TEST(Half, EncodesExactAndRoundedValues) {
     EXPECT_TRUE(std::isnan(Half::toFloat(Half::fromFloat(std::nanf("")))));
 }
 
-TEST(Half, DecodesEveryFiniteHalfBackToItself) {
-    for (std::uint32_t bits = 0; bits < 0x10000; ++bits) {
-        const auto h = static_cast<std::uint16_t>(bits);
-        if ((h & 0x7C00) == 0x7C00) {
-            continue; // infinities and NaNs
-        }
-        ASSERT_EQ(Half::fromFloat(Half::toFloat(h)), h) << bits;
-    }
-    EXPECT_FLOAT_EQ(Half::toFloat(0x3555), 0.33325195f);
-}
-
-TEST(VertexLayout, PacksAttributesAtTheirOffsetsAndLeavesPaddingZero) {
-    using Layout = tools::assetgen::mesh::VertexLayout;
-    const Layout layout({{AttributeType::VERTEX, VertexFormat::HALF3, 0}, {AttributeType::U0, VertexFormat::HALF, 6}}, 8);
-    tools::assetgen::mesh::MeshData mesh;
-    tools::assetgen::mesh::Vertex v;
-    v.position = {1.0, -2.0, 0.5};
-    v.u0 = 0.25;
-    mesh.add(v);
-    mesh.add(v);
-    const auto bytes = layout.pack(mesh);
-    ASSERT_EQ(bytes.size(), 16u);
-    const std::uint8_t expected[8] = {0x00, 0x3C, 0x00, 0xC0, 0x00, 0x38, 0x00, 0x34};
-    EXPECT_EQ(std::memcmp(bytes.data(), expected, 8), 0);
-    EXPECT_EQ(std::memcmp(bytes.data() + 8, expected, 8), 0);
-
-    const Layout clouds({{AttributeType::VERTEX, VertexFormat::FLOAT3, 0},
-                         {AttributeType::U0, VertexFormat::UBYTE_NORMALIZED, 12}},
-                        16);
-    tools::assetgen::mesh::MeshData one;
-    v.u0 = 0.5;
-    one.add(v);
-    const auto cloud = clouds.pack(one);
-    float x = 0.0f;
-    std::memcpy(&x, cloud.data(), 4);
-    EXPECT_EQ(x, 1.0f);
-    EXPECT_EQ(cloud[12], 128); // 0.5 * 255 rounded
-    EXPECT_EQ(cloud[13], 0);
-    EXPECT_EQ(cloud[15], 0);
-}
-
-TEST(VertexLayout, RejectsAnAttributeOutsideTheStride) {
-    using Layout = tools::assetgen::mesh::VertexLayout;
-    const Layout layout({{AttributeType::UV0, VertexFormat::FLOAT2, 0}}, 4); // 8 bytes in a stride of 4
-    tools::assetgen::mesh::MeshData mesh;
-    mesh.add({});
-    EXPECT_THROW(layout.pack(mesh), std::invalid_argument);
-}
-
 TEST(ModelFile, IndicesAreLittleEndianAndBelowTheVertexCount) {
     using tools::assetgen::io::ModelFile;
     const auto bytes = ModelFile::packIndices({0, 1, 0x1234}, 0x1235);
@@ -92,37 +43,6 @@ TEST(ModelFile, IndicesAreLittleEndianAndBelowTheVertexCount) {
     EXPECT_EQ(bytes, expected);
     EXPECT_THROW(ModelFile::packIndices({0, 1, 2}, 2), std::invalid_argument);
     EXPECT_THROW(ModelFile::packIndices({0, 1, 2}, 70000), std::invalid_argument);
-}
-
-TEST(AnimationTable, CutsVerticesIntoChunksOfFramesPlusOneRows) {
-    using tools::assetgen::io::AnimationTable;
-    // 5 vertices, 2 per row, 3 frames: 3 chunks of 4 rows, 2 texels wide.
-    std::vector<std::vector<tools::assetgen::core::Vec3d>> poses(3);
-    for (int f = 0; f < 3; ++f) {
-        for (int i = 0; i < 5; ++i) {
-            poses[f].push_back({static_cast<double>(i), static_cast<double>(f), 0.5});
-        }
-    }
-    EXPECT_EQ(AnimationTable::chunks(5, 2), 3);
-    EXPECT_EQ(AnimationTable::chunks(4, 2), 2);
-    const auto bytes = AnimationTable::pack(poses, 2, 3);
-    ASSERT_EQ(bytes.size(), 2u * 12u * 8u);
-    auto channel = [&](int x, int row, int c) {
-        const std::size_t at = (static_cast<std::size_t>(row) * 2 + x) * 8 + c * 2;
-        return Half::toFloat(static_cast<std::uint16_t>(bytes[at] | bytes[at + 1] << 8));
-    };
-    // Vertex 3 is column 1 of chunk 1 (rows 4..7); frame 2 is row 6.
-    EXPECT_EQ(channel(1, 6, 0), 3.0f);
-    EXPECT_EQ(channel(1, 6, 1), 2.0f);
-    EXPECT_EQ(channel(1, 6, 2), 0.5f);
-    EXPECT_EQ(channel(1, 6, 3), 1.0f);
-    // Vertex 4 is column 0 of chunk 2; its block's last row repeats frame 0.
-    EXPECT_EQ(channel(0, 8 + 3, 0), 4.0f);
-    EXPECT_EQ(channel(0, 8 + 3, 1), 0.0f);
-    // The unused texel of the last chunk stays zero.
-    EXPECT_EQ(channel(1, 9, 0), 0.0f);
-    EXPECT_EQ(channel(1, 9, 3), 0.0f);
-    EXPECT_THROW(AnimationTable::pack(poses, 2, 4), std::invalid_argument);
 }
 
 TEST(Delaunay, TriangulatesCounterClockwiseWithEmptyCircumcircles) {
@@ -161,37 +81,6 @@ TEST(Delaunay, TriangulatesCounterClockwiseWithEmptyCircumcircles) {
     }
     EXPECT_EQ(used.size(), 304u); // every point but the duplicate
     EXPECT_FALSE(used.contains(304u));
-}
-
-TEST(BlueNoise, RanksEveryTexelOnceAndSpreadsEachThresholdEvenly) {
-    using tools::assetgen::shared::BlueNoise;
-    constexpr int size = 32;
-    const auto ranks = BlueNoise::ranks(size, 99);
-    std::vector<int> sorted = ranks;
-    std::sort(sorted.begin(), sorted.end());
-    for (int i = 0; i < size * size; ++i) {
-        ASSERT_EQ(sorted[i], i);
-    }
-    // The darkest tenth: no two of its texels touch, on the torus. White noise of that density
-    // puts many pairs side by side.
-    std::vector<std::pair<int, int>> dots;
-    for (int i = 0; i < size * size; ++i) {
-        if (ranks[i] < size * size / 10) {
-            dots.push_back({i % size, i / size});
-        }
-    }
-    double nearest = 1e9;
-    for (std::size_t i = 0; i < dots.size(); ++i) {
-        for (std::size_t j = i + 1; j < dots.size(); ++j) {
-            int dx = std::abs(dots[i].first - dots[j].first);
-            int dy = std::abs(dots[i].second - dots[j].second);
-            dx = std::min(dx, size - dx);
-            dy = std::min(dy, size - dy);
-            nearest = std::min(nearest, std::hypot(dx, dy));
-        }
-    }
-    EXPECT_GE(nearest, 2.0);
-    EXPECT_EQ(BlueNoise::ranks(size, 99), ranks); // the same seed, the same tile
 }
 
 } // namespace

@@ -318,48 +318,4 @@ TEST_P(SceneResources, TexturesHaveTheirFormatsSizesAndMipChains) {
 
 INSTANTIATE_TEST_SUITE_P(Scenes, SceneResources, ::testing::Values("nivalis", "spirelight", "betonia", "example"));
 
-TEST(SharedResources, VignetteCoversTheScreenOpenInTheMiddleDarkInTheCorners) {
-    const Bytes vertices = read(kResources / "models/vignette-round-vntao-strides.bin");
-    const Bytes indices = read(kResources / "models/vignette-round-vntao-indices.bin");
-    ASSERT_EQ(vertices.size() % 8, 0u);
-    const std::size_t count = vertices.size() / 8;
-    struct V {
-        float x, y, open;
-    };
-    std::vector<V> v;
-    for (std::size_t i = 0; i < count; ++i) {
-        v.push_back({half(u16(vertices, i * 8)), half(u16(vertices, i * 8 + 2)), vertices[i * 8 + 6] / 255.0f});
-        ASSERT_LE(std::fabs(v.back().x), 1.0f);
-        ASSERT_LE(std::fabs(v.back().y), 1.0f);
-    }
-    double area = 0.0;
-    for (std::size_t i = 0; i + 5 < indices.size(); i += 6) {
-        const V& a = v.at(u16(indices, i));
-        const V& b = v.at(u16(indices, i + 2));
-        const V& c = v.at(u16(indices, i + 4));
-        area += std::fabs((b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x)) * 0.5;
-    }
-    EXPECT_NEAR(area, 8.0, 1e-3); // the whole clip square, once in each winding
-    for (const V& p : v) {
-        if (std::hypot(p.x, p.y) < 0.3f) {
-            EXPECT_EQ(p.open, 1.0f);
-        }
-        if (std::fabs(p.x) == 1.0f && std::fabs(p.y) == 1.0f) {
-            EXPECT_EQ(p.open, 0.0f);
-        }
-    }
-}
-
-TEST(SharedResources, AllGeneratedFilesTogetherStayUnderThirtyMegabytes) {
-    std::uintmax_t total = 0;
-    for (const char* dir : {"nivalis", "spirelight", "betonia", "example", "models"}) {
-        for (const auto& entry : fs::recursive_directory_iterator(kResources / dir)) {
-            if (entry.is_regular_file()) {
-                total += entry.file_size();
-            }
-        }
-    }
-    EXPECT_LE(total, 30u * 1024u * 1024u);
-}
-
 } // namespace

@@ -16,21 +16,6 @@ std::string errorOf(std::vector<std::string> arguments) {
     return "(no error)";
 }
 
-TEST(RenderOptionsTest, NoArgumentsGiveOneDefaultFrame) {
-    const auto options = parse({});
-    EXPECT_EQ(options.scene, "nivalis");
-    EXPECT_EQ(options.width, 1280);
-    EXPECT_EQ(options.height, 720);
-    EXPECT_FALSE(options.timeOfDay);
-    EXPECT_FALSE(options.camera);
-    EXPECT_FALSE(options.pathAt);
-    EXPECT_EQ(options.frames, 1);
-    EXPECT_EQ(options.seed, 1u);
-    EXPECT_EQ(options.out, "frame.png");
-    EXPECT_FALSE(options.resources);
-    EXPECT_FALSE(options.help);
-}
-
 TEST(RenderOptionsTest, ReadsTheDocumentedCommandLine) {
     const auto options =
         parse({"--scene", "nivalis", "--size", "1280x720", "--time-of-day", "day", "--camera", "3", "--path-at",
@@ -45,19 +30,6 @@ TEST(RenderOptionsTest, ReadsTheDocumentedCommandLine) {
     EXPECT_EQ(options.settings[0], (std::pair<std::string, std::string>{"vignette", "false"}));
 }
 
-TEST(RenderOptionsTest, ValuesMayFollowAnEqualsSign) {
-    const auto options = parse({"--size=640x360", "--scene=betonia", "--set=cameraPeriod=2", "--set", "a=",
-                                "--resources=/opt/res", "--astc=cpu", "--egl=surfaceless"});
-    EXPECT_EQ(options.width, 640);
-    EXPECT_EQ(options.height, 360);
-    EXPECT_EQ(options.scene, "betonia");
-    EXPECT_EQ(options.settings[0], (std::pair<std::string, std::string>{"cameraPeriod", "2"}));
-    EXPECT_EQ(options.settings[1], (std::pair<std::string, std::string>{"a", ""}));
-    EXPECT_EQ(*options.resources, "/opt/res");
-    EXPECT_EQ(options.astc, renderer::AstcTexture::Decoding::CPU);
-    EXPECT_EQ(options.platform, renderer::headless::HeadlessContext::Platform::SURFACELESS);
-}
-
 TEST(RenderOptionsTest, BadArgumentsAreNamedInTheMessage) {
     EXPECT_EQ(errorOf({"--colour", "red"}), "Unknown option --colour");
     EXPECT_EQ(errorOf({"frame.png"}), "Unexpected argument 'frame.png'");
@@ -65,32 +37,6 @@ TEST(RenderOptionsTest, BadArgumentsAreNamedInTheMessage) {
     EXPECT_EQ(errorOf({"--scene", "harbour"}),
               "Invalid value 'harbour' for --scene: expected nivalis, spirelight, betonia or example");
     EXPECT_EQ(errorOf({"--help=yes"}), "Option --help takes no value");
-}
-
-TEST(RenderOptionsTest, SizesMustBeTwoWholePositiveNumbers) {
-    for (const char* size : {"1280", "1280x", "x720", "0x720", "1280x-1", "12.5x10", "1280x720x3", "99999x10",
-                             "axb", " 1280x720"}) {
-        EXPECT_NE(errorOf({"--size", size}).find("for --size"), std::string::npos) << size;
-    }
-    EXPECT_EQ(parse({"--size", "1x16384"}).height, 16384);
-}
-
-TEST(RenderOptionsTest, NumbersOutsideTheirRangeAreRefused) {
-    EXPECT_NE(errorOf({"--path-at", "1.5"}).find("--path-at"), std::string::npos);
-    EXPECT_NE(errorOf({"--path-at", "-0.1"}).find("--path-at"), std::string::npos);
-    EXPECT_NE(errorOf({"--path-at", "nan"}).find("--path-at"), std::string::npos);
-    EXPECT_NE(errorOf({"--camera", "-1"}).find("--camera"), std::string::npos);
-    EXPECT_NE(errorOf({"--camera", "2.5"}).find("--camera"), std::string::npos);
-    EXPECT_NE(errorOf({"--frames", "0"}).find("--frames"), std::string::npos);
-    EXPECT_NE(errorOf({"--at", "0"}).find("--at"), std::string::npos);
-    EXPECT_NE(errorOf({"--at", "inf"}).find("--at"), std::string::npos);
-    EXPECT_NE(errorOf({"--step", "-1"}).find("--step"), std::string::npos);
-    EXPECT_NE(errorOf({"--seed", "-3"}).find("--seed"), std::string::npos);
-    EXPECT_NE(errorOf({"--astc", "fast"}).find("--astc"), std::string::npos);
-    EXPECT_NE(errorOf({"--set", "vignette"}).find("FIELD=VALUE"), std::string::npos);
-    EXPECT_NE(errorOf({"--set", "=true"}).find("FIELD=VALUE"), std::string::npos);
-    EXPECT_EQ(parse({"--path-at", "1"}).pathAt, 1.0f);
-    EXPECT_EQ(parse({"--step", "0"}).step, 0.0);
 }
 
 TEST(RenderOptionsTest, SeveralFramesNeedANumberedOutput) {
@@ -110,29 +56,6 @@ TEST(RenderOptionsTest, OutputPathNumbersFramesFromZero) {
     EXPECT_EQ(options.outputPath(5), "plain.png");
     options.out = "f%2d.png";
     EXPECT_EQ(options.outputPath(123), "f123.png");
-}
-
-TEST(RenderOptionsTest, HideCollectsKnownPartsInOrder) {
-    const auto options = parse({"--hide", "animals", "--hide=mountains", "--hide", "animals"});
-    EXPECT_EQ(options.hide, (std::vector<std::string>{"animals", "mountains", "animals"}));
-    for (const char* part : {"ships", "animals", "birds", "mountains", "water", "sky", "clouds", "stars", "sun"}) {
-        EXPECT_EQ(parse({"--hide", part}).hide, std::vector<std::string>{part});
-    }
-    EXPECT_EQ(errorOf({"--hide", "penguins"}),
-              "Invalid value 'penguins' for --hide: expected ships, animals, birds, mountains, water, sky, clouds, "
-              "stars or sun");
-    EXPECT_NE(errorOf({"--hide", "Ships"}).find("for --hide"), std::string::npos);
-    EXPECT_EQ(errorOf({"--hide"}), "Option --hide needs a value");
-    EXPECT_TRUE(parse({}).hide.empty());
-}
-
-TEST(RenderOptionsTest, HelpListsEveryOption) {
-    const std::string usage = RenderOptions::usage();
-    for (const char* option : {"--scene", "--size", "--time-of-day", "--camera", "--path-at", "--at", "--frames",
-                               "--step", "--seed", "--set", "--hide", "--out", "--resources", "--astc", "--egl", "--help"}) {
-        EXPECT_NE(usage.find(std::string(option) + " "), std::string::npos) << option;
-    }
-    EXPECT_TRUE(parse({"--size", "2x2", "-h"}).help);
 }
 
 } // namespace
