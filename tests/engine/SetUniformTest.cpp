@@ -19,7 +19,6 @@ using engine::setUniform;
 using engine::commands::UniformFloatValue;
 using engine::commands::UniformIntValue;
 using engine::commands::UniformTextureValue;
-using engine::commands::UniformValue;
 using engine::math::Vec2;
 using engine::math::Vec3;
 using engine::math::Vec4;
@@ -47,14 +46,6 @@ TEST(SetUniformTest, FloatWritersFillThePrefixInPlace) {
     // The array the renderer may be viewing is the same one, with the same length.
     EXPECT_EQ(u->value.data(), data);
     EXPECT_EQ(u->value.size(), 6u);
-}
-
-TEST(SetUniformTest, WritersReachEveryHolderOfASharedUniform) {
-    auto shared = floats(1);
-    std::vector<std::shared_ptr<UniformValue>> first{shared};
-    std::vector<std::shared_ptr<UniformValue>> second{shared};
-    setUniform(first[0], 2.5f);
-    EXPECT_EQ(std::static_pointer_cast<UniformFloatValue>(second[0])->value[0], 2.5f);
 }
 
 } // namespace

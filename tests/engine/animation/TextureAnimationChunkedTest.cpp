@@ -6,18 +6,6 @@ namespace {
 
 using engine::animation::TextureAnimationChunked;
 
-TEST(TextureAnimationChunkedTest, LayoutOfASingleChunk) {
-    // 362 vertices, 18 key poses, one row per vertex: 19 rows.
-    const TextureAnimationChunked animal(362, 362, 18);
-    EXPECT_EQ(animal.textureWidth(), 362);
-    EXPECT_EQ(animal.frames(), 18);
-    EXPECT_EQ(animal.textureHeight(), 19);
-    EXPECT_FLOAT_EQ(animal.texelHalfWidth(), 0.0013812155f);
-    EXPECT_FLOAT_EQ(animal.texelHalfHeight(), 0.02631579f);
-    EXPECT_FLOAT_EQ(animal.texelHeight(), 0.05263158f);
-    EXPECT_FLOAT_EQ(animal.chunkSize(), 1.0f);
-}
-
 TEST(TextureAnimationChunkedTest, ChunkCountRoundsUp) {
     const TextureAnimationChunked three(100, 250, 10);
     EXPECT_EQ(three.textureHeight(), 33);

@@ -26,17 +26,6 @@ void expectVec(const Vec3& v, float x, float y, float z, float eps) {
     EXPECT_NEAR(v.z, z, eps);
 }
 
-TEST(Spline3DTest, CurrentPointIsWrittenIntoTheSharedPosition) {
-    Spline3D path = diagonal();
-    const Vec3& a = path.getCurrentPoint(0.5);
-    EXPECT_EQ(&a, &path.position);
-    EXPECT_EQ(a, Vec3(4, 8, 12));
-    const Vec3& b = path.getCurrentPoint(0.0);
-    EXPECT_EQ(&b, &a);
-    EXPECT_EQ(a, Vec3(2, 4, 6)); // overwritten in place
-    EXPECT_EQ(path.getCurrentPoint(1.0), Vec3(6, 12, 18));
-}
-
 TEST(Spline3DTest, HeadingLooksAlongThePath) {
     Spline3D path = diagonal();
     // The difference here - ahead points along -(1, 2, 3).

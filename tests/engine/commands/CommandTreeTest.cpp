@@ -9,25 +9,14 @@
 
 #include "engine/commands/AffineTranformation.h"
 #include "engine/commands/BlurredPassCommand.h"
-#include "engine/commands/ClearColorCommand.h"
-#include "engine/commands/ClearCommand.h"
-#include "engine/commands/DrawBlurredCommand.h"
-#include "engine/commands/DrawMeshCommand.h"
 #include "engine/commands/DrawStaticMeshCommand.h"
-#include "engine/commands/DrawTransformedMeshCommand.h"
 #include "engine/commands/GroupCommand.h"
 #include "engine/commands/MainPassCommand.h"
-#include "engine/commands/NoopCommand.h"
-#include "engine/commands/RenderPassCommand.h"
-#include "engine/commands/UniformFloatValue.h"
-#include "engine/commands/VignetteCommand.h"
-#include "engine/commands/VrsHint.h"
 
 namespace {
 
 using namespace engine::commands;
 using engine::math::Vec3;
-using engine::math::Vec4;
 
 using Commands = std::vector<std::shared_ptr<Command>>;
 
@@ -44,38 +33,6 @@ DrawStaticMeshCommand staticAt(const AffineTranformation& transform) {
 std::array<float, 3> place(const std::array<float, 16>& m, float x, float y, float z) {
     return {m[0] * x + m[4] * y + m[8] * z + m[12], m[1] * x + m[5] * y + m[9] * z + m[13],
             m[2] * x + m[6] * y + m[10] * z + m[14]};
-}
-
-// A command a scene defines for itself.
-class ClockCommand : public Command {
-public:
-    CommandType type() const override { return CommandType::CUSTOM; }
-};
-
-TEST(CommandTypeTest, EachClassReportsItsType) {
-    const auto mesh = std::make_shared<engine::Mesh>();
-    EXPECT_EQ(NoopCommand().type(), CommandType::NOOP);
-    EXPECT_EQ(GroupCommand().type(), CommandType::GROUP);
-    EXPECT_EQ(ClearColorCommand().type(), CommandType::CLEAR_COLOR);
-    EXPECT_EQ(ClearCommand().type(), CommandType::CLEAR);
-    EXPECT_EQ(VignetteCommand().type(), CommandType::VIGNETTE);
-    EXPECT_EQ(BlurredPassCommand().type(), CommandType::BLURRED_PASS);
-    EXPECT_EQ(DrawBlurredCommand().type(), CommandType::DRAW_BLURRED);
-    EXPECT_EQ(RenderPassCommand().type(), CommandType::RENDER_PASS);
-    EXPECT_EQ(MainPassCommand().type(), CommandType::MAIN_PASS);
-    EXPECT_EQ(ClockCommand().type(), CommandType::CUSTOM);
-
-    // Every draw flavour reports DRAW_MESH; they are told apart by class.
-    const DrawMeshCommand plain(mesh, {}, anyState(), PrimitiveType::TRIANGLES, -1);
-    const DrawTransformedMeshCommand moving(mesh, {}, anyState(), {}, 0, -1, -1, -1, PrimitiveType::TRIANGLES);
-    const DrawStaticMeshCommand fixed = staticAt({});
-    EXPECT_EQ(plain.type(), CommandType::DRAW_MESH);
-    EXPECT_EQ(moving.type(), CommandType::DRAW_MESH);
-    EXPECT_EQ(fixed.type(), CommandType::DRAW_MESH);
-
-    // Through the base class too, since the renderer dispatches on Command pointers.
-    const std::shared_ptr<Command> asBase = std::make_shared<MainPassCommand>();
-    EXPECT_EQ(asBase->type(), CommandType::MAIN_PASS);
 }
 
 TEST(StaticMeshTest, ScalesThenTurnsAboutZYXThenMoves) {

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cmath>
 #include <limits>
 #include <stdexcept>
 #include <string>
@@ -105,32 +104,4 @@ TEST(MatrixView, LookAtBuildsTheViewMatrix) {
     std::array<float, 4> out{};
     Matrix::multiplyMV(out, 0, v, 0, centre, 0);
     expectNear(std::array<float, 4>{0, 0, -5, 1}.data(), out.data(), 4);
-}
-
-TEST(MatrixProjection, FrustumElements) {
-    M4 m = filled(NaN);
-    Matrix::frustumM(m, 0, -1, 1, -1, 1, 1, 3);
-    expectMatrix(rows({1, 0, 0, 0, 0, 1, 0, 0, 0, 0, -2, -3, 0, 0, -1, 0}), m);
-
-    // Off-centre: left 0, right 2, bottom 1, top 2, near 2, far 4.
-    m = filled(NaN);
-    Matrix::frustumM(m, 0, 0, 2, 1, 2, 2, 4);
-    expectMatrix(rows({2, 0, 1, 0, 0, 4, 3, 0, 0, 0, -3, -8, 0, 0, -1, 0}), m);
-}
-
-TEST(MatrixProjection, PerspectiveElements) {
-    M4 m = filled(NaN);
-    Matrix::perspectiveM(m, 0, 90, 2, 1, 3);
-    expectMatrix(rows({0.5f, 0, 0, 0, 0, 1, 0, 0, 0, 0, -2, -3, 0, 0, -1, 0}), m);
-
-    // 1 / tan(30 degrees) = sqrt(3).
-    Matrix::perspectiveM(m, 0, 60, 1, 0.5f, 100);
-    EXPECT_NEAR(1.7320508f, m[0], EPS);
-    EXPECT_NEAR(1.7320508f, m[5], EPS);
-    EXPECT_NEAR(-100.5f / 99.5f, m[10], EPS);
-    EXPECT_NEAR(-100.0f / 99.5f, m[14], EPS);
-
-    // No argument checks: equal planes give infinities, not an exception.
-    EXPECT_NO_THROW(Matrix::perspectiveM(m, 0, 60, 1, 1, 1));
-    EXPECT_TRUE(std::isinf(m[14]));
 }

@@ -109,46 +109,10 @@ void RecordingGl::clearCalls() {
     draws.clear();
 }
 
-std::map<GLenum, double> RecordingGl::samplerParameters(GLuint sampler) const {
-    auto it = samplers_.find(sampler);
-    return it == samplers_.end() ? std::map<GLenum, double>{} : it->second;
-}
-
-std::string RecordingGl::vertexSource(GLuint program) const {
-    auto it = programs_.find(program);
-    return it == programs_.end() ? std::string{} : it->second.vertexSource;
-}
-
-std::vector<double> RecordingGl::uniformValue(GLuint program, const std::string& name) const {
-    auto it = programs_.find(program);
-    if (it == programs_.end()) {
-        return {};
-    }
-    for (std::size_t i = 0; i < it->second.uniforms.size(); ++i) {
-        if (it->second.uniforms[i].name == name) {
-            auto value = it->second.values.find(static_cast<GLint>(i));
-            return value == it->second.values.end() ? std::vector<double>{} : value->second;
-        }
-    }
-    return {};
-}
-
-std::size_t RecordingGl::bufferSize(GLuint buffer) const { return bufferData(buffer).size(); }
-
 const std::vector<std::byte>& RecordingGl::bufferData(GLuint buffer) const {
     static const std::vector<std::byte> NONE;
     auto it = buffers_.find(buffer);
     return it == buffers_.end() ? NONE : it->second;
-}
-
-std::array<GLint, 3> RecordingGl::textureLevel0(GLuint texture) const {
-    auto it = textures_.find(texture);
-    return it == textures_.end() ? std::array<GLint, 3>{} : it->second;
-}
-
-std::array<GLint, 4> RecordingGl::renderbufferStorage(GLuint renderbuffer) const {
-    auto it = renderbuffers_.find(renderbuffer);
-    return it == renderbuffers_.end() ? std::array<GLint, 4>{} : it->second;
 }
 
 void RecordingGl::record(GlCall kind, std::vector<double> args) { calls.push_back({kind, std::move(args)}); }
@@ -164,7 +128,7 @@ bool RecordingGl::hasExtension(std::string_view name) const {
     return extensions.count(std::string(name)) > 0;
 }
 
-int RecordingGl::version() const { return glVersion; }
+int RecordingGl::version() const { return 33; }
 
 GLenum RecordingGl::getError() {
     record(GlCall::getError, {});
@@ -205,7 +169,7 @@ void RecordingGl::bindBuffer(GLenum target, GLuint buffer) {
 
 GLuint RecordingGl::createTexture() {
     GLuint name = newName();
-    textures_[name] = {0, 0, 0};
+    textures_.insert(name);
     record(GlCall::createTexture, {double(name)});
     return name;
 }
@@ -221,11 +185,8 @@ void RecordingGl::texImage2D(GLuint texture, GLint level, GLenum internalFormat,
                              GLenum format, GLenum type, const void* pixels) {
     record(GlCall::texImage2D, {double(texture), double(level), double(internalFormat), double(width),
                                 double(height), double(format), double(type), pixels ? 1.0 : 0.0});
-    auto it = textures_.find(texture);
-    if (it == textures_.end()) {
+    if (textures_.count(texture) == 0) {
         ADD_FAILURE() << "texImage2D of unknown texture " << texture;
-    } else if (level == 0) {
-        it->second = {width, height, GLint(internalFormat)};
     }
 }
 
@@ -233,11 +194,8 @@ void RecordingGl::compressedTexImage2D(GLuint texture, GLint level, GLenum inter
                                        GLsizei height, std::span<const std::byte> data) {
     record(GlCall::compressedTexImage2D, {double(texture), double(level), double(internalFormat), double(width),
                                           double(height), double(data.size())});
-    auto it = textures_.find(texture);
-    if (it == textures_.end()) {
+    if (textures_.count(texture) == 0) {
         ADD_FAILURE() << "compressedTexImage2D of unknown texture " << texture;
-    } else if (level == 0) {
-        it->second = {width, height, GLint(internalFormat)};
     }
 }
 
@@ -250,19 +208,14 @@ void RecordingGl::texParameteri(GLuint texture, GLenum name, GLint value) {
 
 void RecordingGl::bindTexture(GLuint unit, GLuint texture) {
     record(GlCall::bindTexture, {double(unit), double(texture)});
-    if (unit >= textureUnits_.size()) {
-        ADD_FAILURE() << "bindTexture on unit " << unit;
-        return;
+    if (unit >= 48 || (texture != 0 && textures_.count(texture) == 0)) {
+        ADD_FAILURE() << "bindTexture of texture " << texture << " on unit " << unit;
     }
-    if (texture != 0 && textures_.count(texture) == 0) {
-        ADD_FAILURE() << "bindTexture of unknown texture " << texture;
-    }
-    textureUnits_[unit] = texture;
 }
 
 GLuint RecordingGl::createSampler() {
     GLuint name = newName();
-    samplers_[name];
+    samplers_.insert(name);
     record(GlCall::createSampler, {double(name)});
     return name;
 }
@@ -276,34 +229,23 @@ void RecordingGl::deleteSampler(GLuint sampler) {
 
 void RecordingGl::samplerParameteri(GLuint sampler, GLenum name, GLint value) {
     record(GlCall::samplerParameteri, {double(sampler), double(name), double(value)});
-    auto it = samplers_.find(sampler);
-    if (it == samplers_.end()) {
+    if (samplers_.count(sampler) == 0) {
         ADD_FAILURE() << "samplerParameteri of unknown sampler " << sampler;
-        return;
     }
-    it->second[name] = value;
 }
 
 void RecordingGl::samplerParameterf(GLuint sampler, GLenum name, GLfloat value) {
     record(GlCall::samplerParameterf, {double(sampler), double(name), double(value)});
-    auto it = samplers_.find(sampler);
-    if (it == samplers_.end()) {
+    if (samplers_.count(sampler) == 0) {
         ADD_FAILURE() << "samplerParameterf of unknown sampler " << sampler;
-        return;
     }
-    it->second[name] = value;
 }
 
 void RecordingGl::bindSampler(GLuint unit, GLuint sampler) {
     record(GlCall::bindSampler, {double(unit), double(sampler)});
-    if (unit >= samplerUnits_.size()) {
-        ADD_FAILURE() << "bindSampler on unit " << unit;
-        return;
+    if (unit >= 48 || (sampler != 0 && samplers_.count(sampler) == 0)) {
+        ADD_FAILURE() << "bindSampler of sampler " << sampler << " on unit " << unit;
     }
-    if (sampler != 0 && samplers_.count(sampler) == 0) {
-        ADD_FAILURE() << "bindSampler of unknown sampler " << sampler;
-    }
-    samplerUnits_[unit] = sampler;
 }
 
 GLuint RecordingGl::createProgram(std::string_view vertexSource, std::string_view fragmentSource,
@@ -316,7 +258,6 @@ GLuint RecordingGl::createProgram(std::string_view vertexSource, std::string_vie
     }
     GLuint name = newName();
     Program program;
-    program.vertexSource = std::string(vertexSource);
     for (const UniformDecl& decl : declarations(sources)) {
         bool known = false;
         for (const auto& other : program.uniforms) {
@@ -361,58 +302,35 @@ void RecordingGl::useProgram(GLuint program) {
     program_ = program;
 }
 
-void RecordingGl::uniformFloats(GLint location, int components, GLsizei count, const GLfloat* values) {
-    std::vector<double> args{double(location), double(components), double(count)};
-    const int n = (components == 16 ? 16 : components) * count;
-    std::vector<double> value(values, values + std::max(n, 0));
-    args.insert(args.end(), value.begin(), value.end());
-    record(GlCall::uniformFloats, std::move(args));
+void RecordingGl::checkUniform(const char* call, GLint location, bool isFloat, int components, GLsizei count) {
     if (location < 0) {
         return;
     }
     Program* program = current();
-    if (program == nullptr) {
-        ADD_FAILURE() << "uniformFloats with no program in use";
-        return;
-    }
-    if (static_cast<std::size_t>(location) >= program->uniforms.size()) {
-        ADD_FAILURE() << "uniformFloats at a location the program lacks: " << location;
+    if (program == nullptr || static_cast<std::size_t>(location) >= program->uniforms.size()) {
+        ADD_FAILURE() << call << " with no program in use or at a location it lacks: " << location;
         return;
     }
     const UniformDecl& decl = program->uniforms[static_cast<std::size_t>(location)];
     // Arrays take any count (GL drops what does not fit); a plain uniform takes one.
-    if (!decl.isFloat || decl.components != components || (count > 1 && decl.arraySize == 1) || count < 1) {
-        ADD_FAILURE() << "uniformFloats(" << components << " x " << count << ") does not fit uniform "
-                      << decl.name;
-        return;
+    if (decl.isFloat != isFloat || decl.components != components || (count > 1 && decl.arraySize == 1) ||
+        count < 1) {
+        ADD_FAILURE() << call << "(" << components << " x " << count << ") does not fit uniform " << decl.name;
     }
-    program->values[location] = std::move(value);
+}
+
+void RecordingGl::uniformFloats(GLint location, int components, GLsizei count, const GLfloat* values) {
+    std::vector<double> args{double(location), double(components), double(count)};
+    args.insert(args.end(), values, values + std::max(components * count, 0));
+    record(GlCall::uniformFloats, std::move(args));
+    checkUniform("uniformFloats", location, true, components, count);
 }
 
 void RecordingGl::uniformInts(GLint location, int components, GLsizei count, const GLint* values) {
     std::vector<double> args{double(location), double(components), double(count)};
-    std::vector<double> value(values, values + std::max(components * count, 0));
-    args.insert(args.end(), value.begin(), value.end());
+    args.insert(args.end(), values, values + std::max(components * count, 0));
     record(GlCall::uniformInts, std::move(args));
-    if (location < 0) {
-        return;
-    }
-    Program* program = current();
-    if (program == nullptr) {
-        ADD_FAILURE() << "uniformInts with no program in use";
-        return;
-    }
-    if (static_cast<std::size_t>(location) >= program->uniforms.size()) {
-        ADD_FAILURE() << "uniformInts at a location the program lacks: " << location;
-        return;
-    }
-    const UniformDecl& decl = program->uniforms[static_cast<std::size_t>(location)];
-    if (decl.isFloat || decl.components != components || (count > 1 && decl.arraySize == 1) || count < 1) {
-        ADD_FAILURE() << "uniformInts(" << components << " x " << count << ") does not fit uniform "
-                      << decl.name;
-        return;
-    }
-    program->values[location] = std::move(value);
+    checkUniform("uniformInts", location, false, components, count);
 }
 
 GLuint RecordingGl::createVertexArray() {
@@ -457,8 +375,7 @@ void RecordingGl::vertexAttribPointer(GLuint index, GLint size, GLenum type, boo
         ADD_FAILURE() << "vertexAttribPointer without a vertex array or array buffer";
         return;
     }
-    vertexArrays_[vertexArray_].attributes[index] = {double(arrayBuffer_), double(size), double(type),
-                                                     normalized ? 1.0 : 0.0, double(stride), double(offset)};
+    vertexArrays_[vertexArray_].pointed.insert(index);
 }
 
 void RecordingGl::vertexAttribIPointer(GLuint index, GLint size, GLenum type, GLsizei stride, std::size_t offset) {
@@ -467,8 +384,7 @@ void RecordingGl::vertexAttribIPointer(GLuint index, GLint size, GLenum type, GL
         ADD_FAILURE() << "vertexAttribIPointer without a vertex array or array buffer";
         return;
     }
-    vertexArrays_[vertexArray_].attributes[index] = {double(arrayBuffer_), double(size), double(type), -1.0,
-                                                     double(stride), double(offset)};
+    vertexArrays_[vertexArray_].pointed.insert(index);
 }
 
 GLuint RecordingGl::createFramebuffer() {
@@ -519,12 +435,12 @@ void RecordingGl::framebufferRenderbuffer(GLuint framebuffer, GLenum attachment,
 GLenum RecordingGl::checkFramebufferStatus(GLuint framebuffer) {
     record(GlCall::checkFramebufferStatus, {double(framebuffer)});
     drawFramebuffer_ = framebuffer;
-    return framebufferStatus;
+    return GL_FRAMEBUFFER_COMPLETE;
 }
 
 GLuint RecordingGl::createRenderbuffer(GLsizei samples, GLenum internalFormat, GLsizei width, GLsizei height) {
     GLuint name = newName();
-    renderbuffers_[name] = {samples, GLint(internalFormat), width, height};
+    renderbuffers_.insert(name);
     record(GlCall::createRenderbuffer, {double(samples), double(internalFormat), double(width), double(height),
                                         double(name)});
     return name;
@@ -563,7 +479,6 @@ void RecordingGl::readPixels(GLint x, GLint y, GLsizei width, GLsizei height, GL
 
 void RecordingGl::viewport(GLint x, GLint y, GLsizei width, GLsizei height) {
     record(GlCall::viewport, {double(x), double(y), double(width), double(height)});
-    viewport_ = {x, y, width, height};
 }
 
 void RecordingGl::clearColor(GLfloat red, GLfloat green, GLfloat blue, GLfloat alpha) {
@@ -581,12 +496,10 @@ void RecordingGl::clear(GLbitfield mask) {
 
 void RecordingGl::enable(GLenum capability) {
     record(GlCall::enable, {double(capability)});
-    enabled_.insert(capability);
 }
 
 void RecordingGl::disable(GLenum capability) {
     record(GlCall::disable, {double(capability)});
-    enabled_.erase(capability);
 }
 
 void RecordingGl::blendEquationSeparate(GLenum modeColor, GLenum modeAlpha) {
@@ -597,12 +510,10 @@ void RecordingGl::blendFuncSeparate(GLenum sourceColor, GLenum destinationColor,
                                     GLenum destinationAlpha) {
     record(GlCall::blendFuncSeparate,
            {double(sourceColor), double(destinationColor), double(sourceAlpha), double(destinationAlpha)});
-    blendFactors_ = {sourceColor, destinationColor, sourceAlpha, destinationAlpha};
 }
 
 void RecordingGl::depthFunc(GLenum function) {
     record(GlCall::depthFunc, {double(function)});
-    depthFunc_ = function;
 }
 
 void RecordingGl::depthMask(bool write) {
@@ -616,66 +527,43 @@ void RecordingGl::cullFace(GLenum mode) {
 
 void RecordingGl::frontFace(GLenum mode) {
     record(GlCall::frontFace, {double(mode)});
-    frontFace_ = mode;
 }
 
-void RecordingGl::snapshotDraw(GlCall kind, GLenum mode, GLsizei count) {
-    DrawSnapshot draw;
-    draw.kind = kind;
-    draw.mode = mode;
-    draw.count = count;
-    draw.program = program_;
-    draw.drawFramebuffer = drawFramebuffer_;
-    for (std::size_t i = 0; i < draw.textures.size(); ++i) {
-        draw.textures[i] = textureUnits_[i];
-        draw.samplers[i] = samplerUnits_[i];
-    }
-    draw.blend = enabled_.count(GL_BLEND) > 0;
-    draw.blendFactors = blendFactors_;
-    draw.depthFunc = depthFunc_;
-    draw.depthMask = depthMask_;
-    draw.cullFace = enabled_.count(GL_CULL_FACE) > 0;
-    draw.frontFace = frontFace_;
-    draw.viewport = viewport_;
-    if (Program* program = current()) {
-        for (const auto& [location, value] : program->values) {
-            draw.uniforms[program->uniforms[static_cast<std::size_t>(location)].name] = value;
-        }
-    } else {
+void RecordingGl::snapshotDraw(GlCall kind) {
+    if (current() == nullptr) {
         ADD_FAILURE() << toString(kind) << " with no program in use";
     }
     auto vao = vertexArrays_.find(vertexArray_);
     if (vao == vertexArrays_.end()) {
         ADD_FAILURE() << toString(kind) << " with no vertex array bound";
     } else {
-        draw.elementBuffer = vao->second.elementBuffer;
-        draw.attributes = vao->second.attributes;
         for (GLuint index : vao->second.enabled) {
-            if (vao->second.attributes.count(index) == 0) {
+            if (vao->second.pointed.count(index) == 0) {
                 ADD_FAILURE() << toString(kind) << " with attribute " << index << " enabled but not pointed";
             }
         }
     }
-    draws.push_back(std::move(draw));
+    draws.push_back(kind);
 }
 
 void RecordingGl::drawElements(GLenum mode, GLsizei count, GLenum type, std::size_t offset) {
     record(GlCall::drawElements, {double(mode), double(count), double(type), double(offset)});
-    snapshotDraw(GlCall::drawElements, mode, count);
-    const GLuint elements = draws.back().elementBuffer;
+    snapshotDraw(GlCall::drawElements);
+    auto vao = vertexArrays_.find(vertexArray_);
+    const GLuint elements = vao == vertexArrays_.end() ? 0 : vao->second.elementBuffer;
     if (elements == 0) {
         ADD_FAILURE() << "drawElements with no element array buffer";
         return;
     }
     const std::size_t width = type == GL_UNSIGNED_SHORT ? 2 : type == GL_UNSIGNED_INT ? 4 : 1;
-    if (offset + width * static_cast<std::size_t>(count) > bufferSize(elements)) {
+    if (offset + width * static_cast<std::size_t>(count) > bufferData(elements).size()) {
         ADD_FAILURE() << "drawElements reads " << count << " indices past the end of buffer " << elements;
     }
 }
 
 void RecordingGl::drawArrays(GLenum mode, GLint first, GLsizei count) {
     record(GlCall::drawArrays, {double(mode), double(first), double(count)});
-    snapshotDraw(GlCall::drawArrays, mode, count);
+    snapshotDraw(GlCall::drawArrays);
 }
 
 GLuint RecordingGl::createQuery() {

@@ -2,7 +2,6 @@
 
 #include "renderer/gl/Gl.h"
 
-#include <array>
 #include <cstdint>
 #include <map>
 #include <set>
@@ -30,29 +29,6 @@ struct RecordedCall {
     std::string toString() const;
 };
 
-/// What a draw saw: the state standing at the moment of a drawElements or drawArrays call.
-struct DrawSnapshot {
-    GlCall kind = GlCall::drawElements;
-    GLenum mode = 0;
-    GLsizei count = 0;
-    GLuint program = 0;
-    GLuint elementBuffer = 0;
-    GLuint drawFramebuffer = 0;
-    std::array<GLuint, 24> textures{};
-    std::array<GLuint, 24> samplers{};
-    bool blend = false;
-    std::array<GLenum, 4> blendFactors{};
-    GLenum depthFunc = GL_LESS;
-    bool depthMask = true;
-    bool cullFace = false;
-    GLenum frontFace = GL_CCW;
-    std::array<GLint, 4> viewport{};
-    /// Uniform values of the program, by uniform name.
-    std::map<std::string, std::vector<double>> uniforms;
-    /// Attribute pointers of the vertex array: index -> (buffer, size, type, normalized, stride, offset).
-    std::map<GLuint, std::array<double, 6>> attributes;
-};
-
 /// A `gl::Gl` that draws nothing: it records every call, keeps the state that GL would keep
 /// (bindings, programs with their uniforms, capabilities), counts live objects of each kind,
 /// and reports misuse that a real driver would reject or answer with garbage (an unknown name,
@@ -67,14 +43,10 @@ public:
 
     /// Every call so far, in order.
     std::vector<RecordedCall> calls;
-    /// One snapshot per draw call, in order.
-    std::vector<DrawSnapshot> draws;
+    /// The kind of each draw call, in order.
+    std::vector<GlCall> draws;
     /// Extensions that hasExtension answers true for.
     std::set<std::string> extensions;
-    /// What version() answers.
-    int glVersion = 33;
-    /// What checkFramebufferStatus answers.
-    GLenum framebufferStatus = GL_FRAMEBUFFER_COMPLETE;
 
     /// Number of recorded calls of `kind`.
     std::size_t count(GlCall kind) const;
@@ -92,20 +64,8 @@ public:
     std::size_t liveFramebuffers() const { return framebuffers_.size(); }
     std::size_t liveRenderbuffers() const { return renderbuffers_.size(); }
 
-    /// Parameters set on a sampler, by parameter name.
-    std::map<GLenum, double> samplerParameters(GLuint sampler) const;
-    /// The vertex source a program was made from (to tell programs apart in tests).
-    std::string vertexSource(GLuint program) const;
-    /// Last value set for uniform `name` of `program`; empty when never set.
-    std::vector<double> uniformValue(GLuint program, const std::string& name) const;
-    /// Size in bytes of a live buffer.
-    std::size_t bufferSize(GLuint buffer) const;
     /// The bytes a live buffer was created with.
     const std::vector<std::byte>& bufferData(GLuint buffer) const;
-    /// Level 0 size of a texture: width, height, internal format.
-    std::array<GLint, 3> textureLevel0(GLuint texture) const;
-    /// Storage of a renderbuffer: samples, internal format, width, height.
-    std::array<GLint, 4> renderbufferStorage(GLuint renderbuffer) const;
 
 #define GL_METHOD(Result, name, parameters, arguments, qualifier) Result name parameters qualifier override;
 #include "renderer/gl/GlMethods.inc"
@@ -121,29 +81,28 @@ public:
 
 private:
     struct Program {
-        std::string vertexSource;
         std::vector<UniformDecl> uniforms; // location == position
-        std::map<GLint, std::vector<double>> values;
     };
     struct VertexArray {
         GLuint elementBuffer = 0;
-        std::map<GLuint, std::array<double, 6>> attributes;
+        std::set<GLuint> pointed;
         std::set<GLuint> enabled;
     };
 
     void record(GlCall kind, std::vector<double> args);
     GLuint newName();
-    void snapshotDraw(GlCall kind, GLenum mode, GLsizei count);
+    void snapshotDraw(GlCall kind);
+    void checkUniform(const char* call, GLint location, bool isFloat, int components, GLsizei count);
     Program* current();
 
     GLuint nextName_ = 1;
     std::map<GLuint, std::vector<std::byte>> buffers_;
-    std::map<GLuint, std::array<GLint, 3>> textures_;
-    std::map<GLuint, std::map<GLenum, double>> samplers_;
+    std::set<GLuint> textures_;
+    std::set<GLuint> samplers_;
     std::map<GLuint, Program> programs_;
     std::map<GLuint, VertexArray> vertexArrays_;
     std::set<GLuint> framebuffers_;
-    std::map<GLuint, std::array<GLint, 4>> renderbuffers_;
+    std::set<GLuint> renderbuffers_;
     std::set<GLuint> queries_;
 
     GLuint program_ = 0;
@@ -151,14 +110,7 @@ private:
     GLuint arrayBuffer_ = 0;
     GLuint drawFramebuffer_ = 0;
     GLuint readFramebuffer_ = 0;
-    std::array<GLuint, 48> textureUnits_{};
-    std::array<GLuint, 48> samplerUnits_{};
-    std::set<GLenum> enabled_;
-    std::array<GLenum, 4> blendFactors_{GL_ONE, GL_ZERO, GL_ONE, GL_ZERO};
-    GLenum depthFunc_ = GL_LESS;
     bool depthMask_ = true;
-    GLenum frontFace_ = GL_CCW;
-    std::array<GLint, 4> viewport_{};
     bool queryRunning_ = false;
 };
 

@@ -133,10 +133,6 @@ std::shared_ptr<engine::commands::UniformFloatValue> RendererHarness::floats(std
     return std::make_shared<engine::commands::UniformFloatValue>(std::move(values));
 }
 
-std::shared_ptr<engine::commands::UniformIntValue> RendererHarness::ints(std::vector<std::int32_t> values) {
-    return std::make_shared<engine::commands::UniformIntValue>(std::move(values));
-}
-
 std::shared_ptr<engine::commands::UniformTextureValue>
 RendererHarness::texture(std::shared_ptr<engine::Texture> value) {
     return std::make_shared<engine::commands::UniformTextureValue>(std::move(value));
@@ -144,22 +140,6 @@ RendererHarness::texture(std::shared_ptr<engine::Texture> value) {
 
 FrameTarget RendererHarness::target(double width, double height, GLuint framebuffer) {
     return FrameTarget{framebuffer, width, height};
-}
-
-std::string RendererHarness::programName(GLuint program) const {
-    const std::string source = gl.vertexSource(program);
-    if (source.rfind("// ", 0) != 0) {
-        return "?";
-    }
-    return source.substr(3, source.find('\n') - 3);
-}
-
-std::vector<std::string> RendererHarness::drawnPrograms() const {
-    std::vector<std::string> names;
-    for (const auto& draw : gl.draws) {
-        names.push_back(programName(draw.program));
-    }
-    return names;
 }
 
 } // namespace renderer::test

@@ -11,7 +11,6 @@
 #include "engine/commands/DrawMeshCommand.h"
 #include "engine/commands/DrawMeshState.h"
 #include "engine/commands/UniformFloatValue.h"
-#include "engine/commands/UniformIntValue.h"
 #include "engine/commands/UniformTextureValue.h"
 #include "renderer/Fatal.h"
 #include "renderer/FrameTarget.h"
@@ -96,15 +95,8 @@ public:
     draw(const std::shared_ptr<engine::Mesh>& mesh, const std::shared_ptr<engine::commands::DrawMeshState>& state,
          std::vector<std::shared_ptr<engine::commands::UniformValue>> uniforms = {});
     static std::shared_ptr<engine::commands::UniformFloatValue> floats(std::vector<float> values);
-    static std::shared_ptr<engine::commands::UniformIntValue> ints(std::vector<std::int32_t> values);
     static std::shared_ptr<engine::commands::UniformTextureValue> texture(std::shared_ptr<engine::Texture> value);
     static FrameTarget target(double width = 64, double height = 32, GLuint framebuffer = 0);
-
-    /// The shader name of a program made from the harness's sources ("Flat", "Vignette", ...),
-    /// read from the first line of its vertex stage.
-    std::string programName(GLuint program) const;
-    /// The shader names of the programs of all draws recorded so far, in order.
-    std::vector<std::string> drawnPrograms() const;
 };
 
 } // namespace renderer::test

@@ -5,7 +5,6 @@
 
 #include "engine/camera/CameraState.h"
 #include "engine/commands/BlurredPassCommand.h"
-#include "engine/commands/ClearColorCommand.h"
 #include "engine/commands/DrawBlurredCommand.h"
 #include "engine/commands/DrawTransformedMeshCommand.h"
 #include "engine/commands/VignetteCommand.h"
@@ -29,8 +28,6 @@ using engine::commands::CommandType;
 using engine::commands::DrawMeshCommand;
 using engine::commands::DrawTransformedMeshCommand;
 using engine::commands::ShadingRate;
-using engine::common::ColorMode;
-using engine::math::Vec4;
 
 class Betonia : public ::testing::Test {
 protected:
@@ -72,18 +69,6 @@ TEST_F(Betonia, LowQualityNarrowsTheBloomsAndCoarsensTheSharedHint) {
     EXPECT_EQ(bloom2()->blurSize, BlurSize::KERNEL_5);
     EXPECT_EQ(blurredMain()->blurSize, BlurSize::KERNEL_3);
     EXPECT_EQ(onlyRate(*drawIn(room1(), 0)->hints), ShadingRate::SHADING_RATE_1X1);
-}
-
-TEST_F(Betonia, SepiaWarmsTheClearColourAndOtherModesLeaveItWhite) {
-    auto clearColor = as<engine::commands::ClearColorCommand>(children(mainPass()[0])[0]);
-    scene.settings.colorMode = ColorMode::Sepia;
-    scene.applySettings();
-    EXPECT_EQ(clearColor->color, Vec4(0.74f, 0.55f, 0.3f, 1.0f));
-    for (ColorMode mode : {ColorMode::Normal, ColorMode::Grayscale, ColorMode::HighContrast, ColorMode::LimitedColors}) {
-        scene.settings.colorMode = mode;
-        scene.applySettings();
-        EXPECT_EQ(clearColor->color, Vec4(1.0f, 1.0f, 1.0f, 1.0f)) << toString(mode);
-    }
 }
 
 TEST_F(Betonia, NextRoomSwapsRoomsBloomsAndPathsWithAHardCut) {

@@ -69,11 +69,4 @@ TEST_F(Example, AnimalPlaysForwardAndBackThenRestsInItsFirstPose) {
     EXPECT_EQ(floatsOf(scene.uniformsAnimated[1]), (std::vector<float>{0.1640625f, 0.1484375f, 0.1171875f, 1.0f}));
 }
 
-TEST_F(Example, WaterPhaseInRadians) {
-    frameAt(0.0f, 0.25f);
-    EXPECT_NEAR(floatsOf(scene.uniformsWaterHighlights[2])[0], 1.5707964f, 1e-6f);
-    frameAt(0.0f, 0.5f);
-    EXPECT_NEAR(floatsOf(scene.uniformsWaterHighlights[2])[0], 3.1415927f, 1e-6f);
-}
-
 } // namespace
