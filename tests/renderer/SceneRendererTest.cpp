@@ -110,10 +110,6 @@ TEST_F(SceneRendererTest, StartUpStopsOnWhatItCannotDo) {
     };
     EXPECT_EQ(stopMessage([&] { SceneRenderer bare(h.gl, h.scene, "scene", h.options()); }), "Not implemented");
 
-    h.gl.glVersion = 32;
-    EXPECT_EQ(stopMessage([&] { h.makeRenderer(); }), "GPU not available");
-    h.gl.glVersion = 33;
-
     h.scene->meshes.push_back(std::make_shared<engine::Mesh>("ghost", nullptr));
     EXPECT_EQ(stopMessage([&] { h.makeRenderer(); }),
               "Cannot create model buffers: File not found in bundle: scene/models/ghost-strides.bin");

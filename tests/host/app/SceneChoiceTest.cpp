@@ -122,8 +122,10 @@ TEST_F(SceneChoiceTest, EveryWaySwapsThePictureLiveAndLeavesTheOtherSettings) {
 }
 
 TEST_F(SceneChoiceTest, AnUnknownSceneReadsAsNivalisAndTheMenuChecksIt) {
+    settings->scene.write(QStringLiteral("spirelight"));
     output.calls.clear();
-    settings->scene.writeText(QStringLiteral("harbour"));
+    // A hand-edited file: the value never passed the command's check.
+    settings->scene.store().setEntry(QStringLiteral("scene"), QStringLiteral("harbour"));
     EXPECT_EQ(output.callsStartingWith(QStringLiteral("setScene")), QStringList{QStringLiteral("setScene(nivalis)")});
     EXPECT_EQ(state->scene(), QStringLiteral("nivalis"));
     emit state->menu().aboutToShow();

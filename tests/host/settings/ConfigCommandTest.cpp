@@ -57,7 +57,6 @@ TEST_F(ConfigCommandTest, ListShowsEveryKeyWithDefaultsMarked) {
                                   "sceneVignette=true (default)\n"
                                   "sceneSpeed=1.5 (default)\n"
                                   "sceneTime=auto (default)\n"
-                                  "scene=nivalis (default)\n"
                                   "clockFont=Baloo (default)\n"
                                   "clockFormat=h:mm (default)\n"
                                   "clockEnabled=false (default)\n"
