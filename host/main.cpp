@@ -1,5 +1,6 @@
 // The nivalis program: the application wires itself; the desktop part supplies what it shows.
 #include "host/app/Application.h"
+#include "host/app/MonitorOutputs.h"
 #include "host/app/PlatformChoice.h"
 #include "host/ui/AboutWindow.h"
 #include "host/ui/SettingsWindow.h"
@@ -7,6 +8,9 @@
 #include "host/wayland/LayerShellWallpaper.h"
 #include "host/wayland/WaylandConnection.h"
 #include "host/window/DesktopWallpaper.h"
+#include "host/window/DisplayCatalogue.h"
+#include "host/window/DisplayObservable.h"
+#include "host/window/X11CoverWatcher.h"
 
 #include <QCoreApplication>
 
@@ -17,15 +21,39 @@ int main(int argc, char** argv) {
     host::app::Application::Parts parts;
     parts.makeOutput = [](host::settings::Settings& settings, host::system::SystemEvents& events,
                           const host::app::PlatformChoice& choice) -> std::unique_ptr<host::app::WallpaperOutput> {
+        using host::view::SceneOutput;
+        host::app::MonitorOutputs::MakeOutput make;
+        std::unique_ptr<host::app::CoverWatcher> covers;
         if (host::wayland::WaylandConnection* wayland = choice.wayland()) {
             wayland->attachToEventLoop();
             QObject::connect(wayland, &host::wayland::WaylandConnection::lost, [] {
                 std::fputs("nivalis: the Wayland compositor closed the connection\n", stderr);
                 QCoreApplication::exit(1);
             });
-            return std::make_unique<host::wayland::LayerShellWallpaper>(settings, *wayland);
+            make = [&settings, wayland](int path) -> std::unique_ptr<host::app::WallpaperOutput> {
+                return std::make_unique<host::wayland::LayerShellWallpaper>(
+                    settings, *wayland, SceneOutput::nivalisContent(settings, path));
+            };
+        } else {
+            // Only the first output reports wakes to the screens' observer: one report per wake.
+            make = [&settings, &events](int path) -> std::unique_ptr<host::app::WallpaperOutput> {
+                return std::make_unique<host::window::DesktopWallpaper>(settings, path == 0 ? &events : nullptr,
+                                                                        SceneOutput::nivalisContent(settings, path));
+            };
+            covers = std::make_unique<host::window::X11CoverWatcher>();
         }
-        return std::make_unique<host::window::DesktopWallpaper>(settings, events);
+        auto monitors = [] {
+            std::vector<std::optional<QUuid>> ids;
+            for (const host::window::DisplayCatalogue::Entry& entry : host::window::DisplayCatalogue::entries()) {
+                ids.push_back(entry.display ? std::optional<QUuid>(entry.display->id) : std::nullopt);
+            }
+            return ids;
+        };
+        auto outputs = std::make_unique<host::app::MonitorOutputs>(std::move(make), monitors, std::move(covers));
+        QObject::connect(&host::window::DisplayObservable::instance(),
+                         &host::window::DisplayObservable::screenDidChange, outputs.get(),
+                         &host::app::MonitorOutputs::monitorsChanged);
+        return outputs;
     };
     parts.showSettings = &host::ui::SettingsWindow::showShared;
     parts.showAbout = &host::ui::AboutWindow::showShared;

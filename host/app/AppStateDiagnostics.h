@@ -2,6 +2,7 @@
 
 #include <QDBusConnection>
 #include <QObject>
+#include <QStringList>
 
 namespace host::app {
 
@@ -22,6 +23,7 @@ class AppStateDiagnostics : public QObject {
     Q_PROPERTY(int FramesPerSecond READ framesPerSecond)
     Q_PROPERTY(qulonglong FrameCount READ frameCount)
     Q_PROPERTY(bool StatusIconVisible READ statusIconVisible)
+    Q_PROPERTY(QStringList Monitors READ monitors)
 public:
     /// Object path of the diagnostics.
     static constexpr const char* objectPath = "/org/nivalis/Nivalis/Diagnostics";
@@ -38,6 +40,8 @@ public:
     int framesPerSecond() const;
     qulonglong frameCount() const;
     bool statusIconVisible() const;
+    /// One line per monitor shown on: "<Display UUID> drawing|paused|covered <frames>".
+    QStringList monitors() const;
 
 public slots:
     /// Runs the menu's Enable/Disable.

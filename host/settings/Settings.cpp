@@ -6,7 +6,8 @@ Settings::Settings(const QString& filePath)
     : store_(filePath),
       keys_{&hideMenuBarIcon, &display, &deactivateOnBattery, &showOnAllSpaces, &bringBrowsingModeToFront,
             &muteAudio, &extendVeilBelowMenuBar, &fps, &lowPowerMode, &batteryMode, &sceneVignette,
-            &sceneSpeed, &sceneTime, &clockFont, &clockFormat, &clockEnabled, &clockOpacity, &clockSize} {}
+            &sceneSpeed, &sceneTime, &clockFont, &clockFormat, &clockEnabled, &clockOpacity, &clockSize,
+            &allDisplays, &pauseWhenCovered} {}
 
 const SettingsKeyBase* Settings::find(const QString& name) const {
     for (const SettingsKeyBase* key : keys_) {

@@ -11,7 +11,7 @@
 
 namespace host::settings {
 
-/// All settings of the program: the store and its 18 typed keys. Nothing else is persisted.
+/// All settings of the program: the store and its 20 typed keys. Nothing else is persisted.
 ///
 /// One instance is made at start and handed to whoever reads or writes settings (AppState, the
 /// desktop window, the settings window, `nivalis config`). The keys keep a reference to the
@@ -72,6 +72,10 @@ public:
     const SettingsKey<double> clockOpacity{store_, QStringLiteral("clockOpacity"), 0.7};
     /// Font size of the clock in points.
     const SettingsKey<float> clockSize{store_, QStringLiteral("clockSize"), 220.0f};
+    /// Every monitor gets its own wallpaper; off: only the one of `display`.
+    const SettingsKey<bool> allDisplays{store_, QStringLiteral("allDisplays"), false};
+    /// A monitor hidden by a fullscreen or maximized window draws no frames.
+    const SettingsKey<bool> pauseWhenCovered{store_, QStringLiteral("pauseWhenCovered"), true};
 
 private:
     std::vector<const SettingsKeyBase*> keys_;

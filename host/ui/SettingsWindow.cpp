@@ -1,5 +1,6 @@
 #include "host/ui/SettingsWindow.h"
 
+#include "host/app/CoverWatcher.h"
 #include "host/clock/ClockChoices.h"
 #include "host/settings/Settings.h"
 #include "host/system/LaunchAtLogin.h"
@@ -13,6 +14,7 @@
 #include <QFormLayout>
 #include <QFrame>
 #include <QIcon>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 #include <QSignalBlocker>
@@ -174,6 +176,15 @@ QWidget* SettingsWindow::makeGeneral() {
     bindings_.push_back(KeyBinding::toggle(
         toggle(place, QStringLiteral("Show on all spaces"), QStringLiteral("showOnAllSpaces")),
         settings_.showOnAllSpaces));
+    QCheckBox* covered = toggle(place, QStringLiteral("Pause behind fullscreen and maximized windows"),
+                                QStringLiteral("pauseWhenCovered"));
+    bindings_.push_back(KeyBinding::toggle(covered, settings_.pauseWhenCovered));
+    if (!app::CoverWatcher::isOffered()) {
+        auto* note = new QLabel(QStringLiteral("This desktop does not tell which windows cover the wallpaper."));
+        note->setObjectName(QStringLiteral("pauseWhenCoveredUnavailable"));
+        note->setWordWrap(true);
+        place->addRow(note);
+    }
 
     QFormLayout* icon = section(layout);
     bindings_.push_back(KeyBinding::toggle(

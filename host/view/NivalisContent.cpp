@@ -40,9 +40,16 @@ private:
 
 } // namespace
 
-NivalisContent::NivalisContent(QString resourcesDirectory, std::function<QString()> sceneTime)
+NivalisContent::NivalisContent(QString resourcesDirectory, std::function<QString()> sceneTime, int cameraPath)
     : resourcesDirectory_(std::move(resourcesDirectory)), sceneTime_(std::move(sceneTime)),
-      scene_(std::make_shared<scenes::nivalis::NivalisScene>()) {}
+      scene_(std::make_shared<scenes::nivalis::NivalisScene>()) {
+    engine::camera::CameraPathAnimator& camera = scene_->cameraAnimator;
+    const int paths = static_cast<int>(camera.cameras.size());
+    if (cameraPath > 0 && paths > 1) {
+        camera.currentCamera = cameraPath % paths;
+        camera.updateCurrentCamera();
+    }
+}
 
 NivalisContent::~NivalisContent() = default;
 

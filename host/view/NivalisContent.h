@@ -17,9 +17,11 @@ namespace host::view {
 /// Nivalis renderer of it over the resources' "nivalis" folder each time a view appears.
 class NivalisContent : public SceneContent {
 public:
-    /// The scene, made now. Renderers read their assets from `resourcesDirectory` and start
-    /// with the time of day that `sceneTime` gives at that moment (the stored setting).
-    NivalisContent(QString resourcesDirectory, std::function<QString()> sceneTime);
+    /// The scene, made now, flying its camera path number `cameraPath` (modulo the number of
+    /// paths; each monitor starts on another). Renderers read their assets from
+    /// `resourcesDirectory` and start with the time of day that `sceneTime` gives at that
+    /// moment (the stored setting).
+    NivalisContent(QString resourcesDirectory, std::function<QString()> sceneTime, int cameraPath = 0);
     ~NivalisContent() override;
 
     std::unique_ptr<FrameRenderer> makeRenderer() override;

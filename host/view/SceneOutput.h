@@ -28,7 +28,7 @@ public:
 
     /// The Nivalis scene from the program's resources (loading the clock's fonts from there
     /// too), its time of day read from `settings`.
-    static std::unique_ptr<SceneContent> nivalisContent(settings::Settings& settings);
+    static std::unique_ptr<SceneContent> nivalisContent(settings::Settings& settings, int cameraPath = 0);
 
     void setSceneSettings(bool vignette, float cameraPeriod) override;
     bool hasRenderer() const override;
@@ -45,6 +45,8 @@ public:
 protected:
     /// The scene shown.
     SceneContent& content() { return *content_; }
+    /// This output's renderer; null before its view appeared.
+    virtual FrameRenderer* ownRenderer() const = 0;
 
 private:
     std::unique_ptr<SceneContent> content_;

@@ -54,6 +54,7 @@ public:
     WaylandMonitor* targetMonitor() const;
 
 private:
+    view::FrameRenderer* ownRenderer() const override { return driver_.renderer(); }
     bool makeCurrent() override;
     bool hasRequiredVersion() const override;
     bool canDraw() const override;

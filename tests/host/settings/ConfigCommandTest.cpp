@@ -60,7 +60,9 @@ TEST_F(ConfigCommandTest, ListShowsEveryKeyWithDefaultsMarked) {
                                   "clockFormat=h:mm (default)\n"
                                   "clockEnabled=false (default)\n"
                                   "clockOpacity=0.7 (default)\n"
-                                  "clockSize=220 (default)\n"));
+                                  "clockSize=220 (default)\n"
+                                  "allDisplays=false (default)\n"
+                                  "pauseWhenCovered=true (default)\n"));
     ASSERT_EQ(run(QStringLiteral("set fps 60")), 0);
     ASSERT_EQ(run(QStringLiteral("list")), 0);
     EXPECT_TRUE(out.contains(QStringLiteral("\nfps=60\n")));
