@@ -5,6 +5,7 @@
 #include "host/ui/AboutWindow.h"
 #include "host/ui/SettingsWindow.h"
 #include "host/view/WallpaperView.h"
+#include "host/wayland/ForeignToplevelCovers.h"
 #include "host/wayland/LayerShellWallpaper.h"
 #include "host/wayland/WaylandConnection.h"
 #include "host/window/DesktopWallpaper.h"
@@ -30,6 +31,9 @@ int main(int argc, char** argv) {
                 std::fputs("nivalis: the Wayland compositor closed the connection\n", stderr);
                 QCoreApplication::exit(1);
             });
+            if (wayland->hasToplevelManager()) {
+                covers = std::make_unique<host::wayland::ForeignToplevelCovers>(*wayland);
+            }
             make = [&settings, wayland](int path) -> std::unique_ptr<host::app::WallpaperOutput> {
                 return std::make_unique<host::wayland::LayerShellWallpaper>(
                     settings, *wayland, SceneOutput::nivalisContent(settings, path));
