@@ -2,6 +2,8 @@
 #include "host/app/Application.h"
 #include "host/app/MonitorOutputs.h"
 #include "host/app/PlatformChoice.h"
+#include "host/settings/Settings.h"
+#include "host/system/SystemEvents.h"
 #include "host/ui/AboutWindow.h"
 #include "host/ui/SettingsWindow.h"
 #include "host/view/WallpaperView.h"
@@ -31,6 +33,7 @@ int main(int argc, char** argv) {
                 std::fputs("nivalis: the Wayland compositor closed the connection\n", stderr);
                 QCoreApplication::exit(1);
             });
+            host::wayland::LayerShellWallpaper::listMonitorsOf(*wayland);
             if (wayland->hasToplevelManager()) {
                 covers = std::make_unique<host::wayland::ForeignToplevelCovers>(*wayland);
             }
@@ -39,9 +42,8 @@ int main(int argc, char** argv) {
                     settings, *wayland, SceneOutput::nivalisContent(settings, path));
             };
         } else {
-            // Only the first output reports wakes to the screens' observer: one report per wake.
-            make = [&settings, &events](int path) -> std::unique_ptr<host::app::WallpaperOutput> {
-                return std::make_unique<host::window::DesktopWallpaper>(settings, path == 0 ? &events : nullptr,
+            make = [&settings](int path) -> std::unique_ptr<host::app::WallpaperOutput> {
+                return std::make_unique<host::window::DesktopWallpaper>(settings, nullptr,
                                                                         SceneOutput::nivalisContent(settings, path));
             };
             covers = std::make_unique<host::window::X11CoverWatcher>();
@@ -54,6 +56,11 @@ int main(int argc, char** argv) {
             return ids;
         };
         auto outputs = std::make_unique<host::app::MonitorOutputs>(std::move(make), monitors, std::move(covers));
+        // The monitor shown on until the key changes; its cover counts.
+        outputs->setTargetDisplay(settings.display.read());
+        // A wake counts as a change of the screens, once for all outputs.
+        QObject::connect(&events, &host::system::SystemEvents::deviceDidWake,
+                         &host::window::DisplayObservable::instance(), &host::window::DisplayObservable::notifyWake);
         QObject::connect(&host::window::DisplayObservable::instance(),
                          &host::window::DisplayObservable::screenDidChange, outputs.get(),
                          &host::app::MonitorOutputs::monitorsChanged);
