@@ -3,7 +3,7 @@ dummy driver (two monitors) under openbox: both monitors show a picture and the 
 maximized xterm on the left monitor stops its frames while the right one keeps counting, and
 restoring it resumes them; a fullscreen xterm on the right does the same there; a maximized
 window on another workspace pauses nothing; a monitor plugged in gets a surface, and unplugged
-loses it and gives its memory back. The diagnostics tell each monitor's state and frames."""
+loses it and gives its memory back; turning All displays off leaves one. The diagnostics tell each monitor's state and frames."""
 
 import os
 import sys
@@ -108,6 +108,12 @@ def main():
         print("RSS KiB: one monitor %d, two %d, after unplugging %d" % (one_monitor, two_monitors, unplugged))
         # What the second monitor cost comes back, all but a quarter (the allocator keeps some).
         assert unplugged - one_monitor < (two_monitors - one_monitor) / 4, "the second monitor's memory stayed"
+
+        # Plugged in again, and then back to one display from outside.
+        desktop.xrandr("--setmonitor", "RIGHT", "1920/508x1080/286+1920+0", "none")
+        expect(desktop, "drawing", "drawing", "RIGHT plugged in again")
+        desktop.run([binary, "config", "set", "allDisplays", "false"])
+        L.wait_for(lambda: list(desktop.monitors()) == [LEFT], what="one display: %s" % desktop.monitors())
         assert desktop.nivalis.poll() is None, "nivalis ended:\n" + desktop.log_text()
     except BaseException:
         print(desktop.log_text() if desktop.nivalis else "", file=sys.stderr)
