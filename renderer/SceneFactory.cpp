@@ -64,4 +64,21 @@ void SceneFactory::applySettings(engine::Scene& scene, bool vignette, float came
     }
 }
 
+void SceneFactory::startOnPath(engine::Scene& scene, int path) {
+    const auto start = [path](engine::camera::CameraPathAnimator& camera) {
+        const int paths = static_cast<int>(camera.cameras.size());
+        if (path > 0 && paths > 1) {
+            camera.currentCamera = path % paths;
+            camera.updateCurrentCamera();
+        }
+    };
+    if (auto* nivalis = dynamic_cast<scenes::nivalis::NivalisScene*>(&scene)) {
+        start(nivalis->cameraAnimator);
+    } else if (auto* spirelight = dynamic_cast<scenes::spirelight::SpirelightScene*>(&scene)) {
+        start(spirelight->cameraAnimator);
+    } else if (auto* betonia = dynamic_cast<scenes::betonia::BetoniaScene*>(&scene)) {
+        start(betonia->cameraAnimator);
+    }
+}
+
 } // namespace renderer

@@ -35,6 +35,9 @@ public:
     /// Writes the user's vignette switch and camera period into the settings of `scene`, where it
     /// has them (the sample scene has none); the scene takes them up at its next frame.
     static void applySettings(engine::Scene& scene, bool vignette, float cameraPeriod);
+    /// Starts `scene` on its camera path number `path` (modulo its number of paths), so that
+    /// several monitors showing the same scene fly different paths. Path 0 changes nothing.
+    static void startOnPath(engine::Scene& scene, int path);
 };
 
 } // namespace renderer

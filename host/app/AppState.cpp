@@ -111,6 +111,10 @@ void AppState::setUpEvents() {
         output_.setTargetDisplay(change.newValue);
         output_.updateFrame();
     }));
+    cancellables_.push_back(s.allDisplays.subscribe(
+        ObservationOption::Initial, [this](const auto& change) { output_.setAllDisplays(change.newValue); }));
+    cancellables_.push_back(s.pauseWhenCovered.subscribe(
+        ObservationOption::Initial, [this](const auto& change) { output_.setPauseWhenCovered(change.newValue); }));
     cancellables_.push_back(s.deactivateOnBattery.subscribe(ObservationOption::Initial, [this](auto&) {
         isEnabled_ = !isManuallyDisabled_ && !isScreenLocked_;
         applyEnabledState();

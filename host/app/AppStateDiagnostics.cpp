@@ -43,6 +43,10 @@ bool AppStateDiagnostics::statusIconVisible() const {
     return state_.statusItem() != nullptr && state_.statusItem()->isVisible();
 }
 
+QStringList AppStateDiagnostics::monitors() const {
+    return output_.monitorReport();
+}
+
 void AppStateDiagnostics::ToggleEnabled() {
     state_.toggleManuallyDisabled();
 }

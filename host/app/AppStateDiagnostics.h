@@ -2,6 +2,7 @@
 
 #include <QDBusConnection>
 #include <QObject>
+#include <QStringList>
 
 namespace host::app {
 
@@ -23,6 +24,7 @@ class AppStateDiagnostics : public QObject {
     Q_PROPERTY(qulonglong FrameCount READ frameCount)
     Q_PROPERTY(bool StatusIconVisible READ statusIconVisible)
     Q_PROPERTY(QString Scene READ scene)
+    Q_PROPERTY(QStringList Monitors READ monitors)
 public:
     /// Object path of the diagnostics.
     static constexpr const char* objectPath = "/org/nivalis/Nivalis/Diagnostics";
@@ -41,6 +43,8 @@ public:
     bool statusIconVisible() const;
     /// The scene shown ("nivalis", "spirelight", "betonia" or "example").
     QString scene() const;
+    /// One line per monitor shown on: "<Display UUID> drawing|paused|covered <frames>".
+    QStringList monitors() const;
 
 public slots:
     /// Runs the menu's Enable/Disable.

@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 #include <QUuid>
 
 #include <cstdint>
@@ -52,6 +53,12 @@ public:
     virtual void updateFrame() = 0;
     /// Re-applies level and input handling (the key `bringBrowsingModeToFront` changed).
     virtual void updateLevel() = 0;
+    /// Shows the wallpaper on every monitor (true) or on the target display only (false); an
+    /// output of one monitor ignores it.
+    virtual void setAllDisplays(bool /*all*/) {}
+    /// Whether a monitor hidden behind a fullscreen or maximized window pauses; an output that
+    /// cannot tell ignores it.
+    virtual void setPauseWhenCovered(bool /*pause*/) {}
     /// Whether the window is sticky on all workspaces.
     virtual void setShowOnAllSpaces(bool all) = 0;
     /// Replaces the view by a new one over the same scene, which makes a new renderer when it
@@ -85,6 +92,9 @@ public:
     /// Frames drawn since start, for diagnostics (tests watch it to see that no frame is drawn
     /// while paused).
     virtual std::uint64_t frameCount() const = 0;
+    /// One line per monitor shown on, for diagnostics: "<Display UUID> drawing|paused|covered
+    /// <frames>"; empty for the output of a single monitor.
+    virtual QStringList monitorReport() const { return {}; }
 
 signals:
     /// The view has appeared and made its renderer; AppState then applies the frame rate, the

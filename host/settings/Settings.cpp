@@ -8,7 +8,8 @@ Settings::Settings(const QString& filePath)
     : store_(filePath),
       keys_{&hideMenuBarIcon, &display, &deactivateOnBattery, &showOnAllSpaces, &bringBrowsingModeToFront,
             &muteAudio, &extendVeilBelowMenuBar, &fps, &lowPowerMode, &batteryMode, &sceneVignette,
-            &sceneSpeed, &sceneTime, &clockFont, &clockFormat, &clockEnabled, &clockOpacity, &clockSize, &scene} {}
+            &sceneSpeed, &sceneTime, &clockFont, &clockFormat, &clockEnabled, &clockOpacity, &clockSize, &scene,
+            &allDisplays, &pauseWhenCovered} {}
 
 QStringList Settings::clockFormatChoices() {
     QStringList texts;

@@ -93,6 +93,10 @@ public:
     /// The scene shown: "nivalis", "spirelight", "betonia" or "example".
     const SettingsKey<QString> scene{store_, QStringLiteral("scene"), QStringLiteral("nivalis"),
                                      ValueRule::oneOf({"nivalis", "spirelight", "betonia", "example"})};
+    /// Every monitor gets its own wallpaper; off: only the one of `display`.
+    const SettingsKey<bool> allDisplays{store_, QStringLiteral("allDisplays"), false, boolean()};
+    /// A monitor hidden by a fullscreen or maximized window draws no frames.
+    const SettingsKey<bool> pauseWhenCovered{store_, QStringLiteral("pauseWhenCovered"), true, boolean()};
 
 private:
     std::vector<const SettingsKeyBase*> keys_;

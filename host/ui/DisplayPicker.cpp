@@ -10,6 +10,13 @@
 
 namespace host::ui {
 
+namespace {
+
+// The data of the "All displays" choice; a monitor's is its UUID text.
+const QString kAllDisplays = QStringLiteral("all");
+
+} // namespace
+
 DisplayPicker::DisplayPicker(settings::Settings& settings, QWidget* parent)
     : QComboBox(parent), settings_(settings) {
     setObjectName(QStringLiteral("display"));
@@ -17,11 +24,16 @@ DisplayPicker::DisplayPicker(settings::Settings& settings, QWidget* parent)
             &DisplayPicker::refresh);
     connect(this, &QComboBox::activated, this, [this](int index) {
         const QString text = itemData(index).toString();
-        if (const std::optional<window::Display> display = window::Display::fromUuidText(text)) {
+        if (text == kAllDisplays) {
+            settings_.allDisplays.write(true);
+        } else if (const std::optional<window::Display> display = window::Display::fromUuidText(text)) {
             settings_.display.write(display->id);
+            settings_.allDisplays.write(false);
         }
     });
     subscription_ = settings_.display.subscribe(settings::ObservationOption::None, [this](const auto&) { refresh(); });
+    allSubscription_ =
+        settings_.allDisplays.subscribe(settings::ObservationOption::None, [this](const auto&) { refresh(); });
     refresh();
 }
 
@@ -42,6 +54,7 @@ std::optional<window::Display> DisplayPicker::shownDisplay(
 void DisplayPicker::refresh() {
     const QSignalBlocker block(this);
     clear();
+    addItem(QStringLiteral("All displays"), kAllDisplays);
     std::vector<std::optional<window::Display>> connected;
     for (const window::DisplayCatalogue::Entry& entry : window::DisplayCatalogue::entries()) {
         connected.push_back(entry.display);
@@ -51,6 +64,10 @@ void DisplayPicker::refresh() {
     const std::optional<window::Display> shown = shownDisplay(
         stored ? std::optional<window::Display>(window::Display(*stored)) : std::nullopt, connected,
         window::DisplayCatalogue::main());
+    if (settings_.allDisplays.read()) {
+        setCurrentIndex(0);
+        return;
+    }
     setCurrentIndex(shown ? findData(shown->uuidText()) : -1);
 }
 

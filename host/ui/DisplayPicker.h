@@ -17,8 +17,9 @@ class Settings;
 
 namespace host::ui {
 
-/// The "Show on" picker: one choice per connected monitor (see DisplayCatalogue), the primary
-/// first, and the key `display` behind it.
+/// The "Show on" picker: "All displays" (the key `allDisplays`), then one choice per connected
+/// monitor (see DisplayCatalogue), the primary first, with the key `display` behind them.
+/// Choosing a monitor turns `allDisplays` off.
 ///
 /// What it shows is worked out, not read: nothing while the key is absent; the stored monitor
 /// while it is connected; the primary monitor while the stored one is away (the key itself is
@@ -47,6 +48,7 @@ protected:
 private:
     settings::Settings& settings_;
     settings::Subscription subscription_;
+    settings::Subscription allSubscription_;
 };
 
 } // namespace host::ui

@@ -1,5 +1,6 @@
 #include "host/ui/SettingsWindow.h"
 
+#include "host/app/CoverWatcher.h"
 #include "host/clock/ClockChoices.h"
 #include "host/settings/Settings.h"
 #include "host/system/LaunchAtLogin.h"
@@ -197,6 +198,15 @@ QWidget* SettingsWindow::makeGeneral() {
     bindings_.push_back(KeyBinding::toggle(
         toggle(place, QStringLiteral("Show on all workspaces"), QStringLiteral("showOnAllSpaces")),
         settings_.showOnAllSpaces));
+    QCheckBox* covered = toggle(place, QStringLiteral("Pause behind fullscreen and maximized windows"),
+                                QStringLiteral("pauseWhenCovered"));
+    bindings_.push_back(KeyBinding::toggle(covered, settings_.pauseWhenCovered));
+    if (!app::CoverWatcher::isOffered()) {
+        auto* note = new QLabel(QStringLiteral("This desktop does not tell which windows cover the wallpaper."));
+        note->setObjectName(QStringLiteral("pauseWhenCoveredUnavailable"));
+        note->setWordWrap(true);
+        place->addRow(note);
+    }
     if (const std::optional<QString> manager = window::X11DesktopSharing::desktopManager()) {
         // The desktop manager's window lies over the wallpaper with its icons, and without a
         // compositor its own background hides the picture.

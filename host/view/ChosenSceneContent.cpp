@@ -49,10 +49,12 @@ private:
 } // namespace
 
 ChosenSceneContent::ChosenSceneContent(QString resourcesDirectory, const QString& sceneName,
-                                       std::function<QString()> sceneTime)
+                                       std::function<QString()> sceneTime, int cameraPath)
     : resourcesDirectory_(std::move(resourcesDirectory)), sceneTime_(std::move(sceneTime)),
       sceneName_(QString::fromStdString(renderer::SceneFactory::known(sceneName.toStdString()))),
-      scene_(renderer::SceneFactory::makeScene(sceneName_.toStdString())) {}
+      scene_(renderer::SceneFactory::makeScene(sceneName_.toStdString())), cameraPath_(cameraPath) {
+    renderer::SceneFactory::startOnPath(*scene_, cameraPath_);
+}
 
 ChosenSceneContent::~ChosenSceneContent() = default;
 
@@ -68,6 +70,7 @@ bool ChosenSceneContent::setScene(const QString& name) {
     }
     sceneName_ = chosen;
     scene_ = renderer::SceneFactory::makeScene(chosen.toStdString());
+    renderer::SceneFactory::startOnPath(*scene_, cameraPath_);
     if (settingsGiven_) {
         renderer::SceneFactory::applySettings(*scene_, vignette_, cameraPeriod_);
     }

@@ -18,10 +18,12 @@ namespace host::view {
 /// new scene with the user's vignette and camera period; its renderer comes with the next view.
 class ChosenSceneContent : public SceneContent {
 public:
-    /// Starts with the scene of `sceneName` (unknown names show Nivalis). Renderers read their
-    /// assets from `resourcesDirectory`; Nivalis starts with the time of day that `sceneTime`
-    /// gives at that moment (the stored setting).
-    ChosenSceneContent(QString resourcesDirectory, const QString& sceneName, std::function<QString()> sceneTime);
+    /// Starts with the scene of `sceneName` (unknown names show Nivalis), flying its camera path
+    /// number `cameraPath` (modulo its number of paths; each monitor starts on another), as does
+    /// every later choice. Renderers read their assets from `resourcesDirectory`; Nivalis starts
+    /// with the time of day that `sceneTime` gives at that moment (the stored setting).
+    ChosenSceneContent(QString resourcesDirectory, const QString& sceneName, std::function<QString()> sceneTime,
+                       int cameraPath = 0);
     ~ChosenSceneContent() override;
 
     std::unique_ptr<FrameRenderer> makeRenderer() override;
@@ -41,6 +43,7 @@ private:
     bool vignette_ = true;
     float cameraPeriod_ = 1.0f;
     bool settingsGiven_ = false;
+    int cameraPath_ = 0;
 };
 
 } // namespace host::view

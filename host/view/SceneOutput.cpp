@@ -2,7 +2,6 @@
 
 #include "host/clock/ClockFonts.h"
 #include "host/settings/Settings.h"
-#include "host/view/FrameDriver.h"
 #include "host/view/FrameRenderer.h"
 #include "host/view/ChosenSceneContent.h"
 #include "host/view/Resources.h"
@@ -15,11 +14,11 @@ SceneOutput::SceneOutput(std::unique_ptr<SceneContent> content) : content_(std::
 
 SceneOutput::~SceneOutput() = default;
 
-std::unique_ptr<SceneContent> SceneOutput::chosenContent(settings::Settings& settings) {
+std::unique_ptr<SceneContent> SceneOutput::chosenContent(settings::Settings& settings, int cameraPath) {
     const QString resources = Resources::directory();
     clock::ClockFonts::instance().loadFrom(QDir(resources).filePath(QStringLiteral("fonts")));
     return std::make_unique<ChosenSceneContent>(resources, settings.scene.read(),
-                                                [&settings] { return settings.sceneTime.read(); });
+                                                [&settings] { return settings.sceneTime.read(); }, cameraPath);
 }
 
 void SceneOutput::setScene(const QString& name) {
@@ -33,11 +32,11 @@ void SceneOutput::setSceneSettings(bool vignette, float cameraPeriod) {
 }
 
 bool SceneOutput::hasRenderer() const {
-    return FrameDriver::currentRenderer() != nullptr;
+    return ownRenderer() != nullptr;
 }
 
 void SceneOutput::setTimeOfDay(engine::utils::TimeOfDay timeOfDay) {
-    if (FrameRenderer* renderer = FrameDriver::currentRenderer()) {
+    if (FrameRenderer* renderer = ownRenderer()) {
         renderer->setTimeOfDay(timeOfDay);
     }
 }

@@ -27,8 +27,9 @@ public:
     ~SceneOutput() override;
 
     /// The scene of the key `scene` from the program's resources (loading the clock's fonts
-    /// from there too), Nivalis' time of day read from `settings`.
-    static std::unique_ptr<SceneContent> chosenContent(settings::Settings& settings);
+    /// from there too), flying its camera path number `cameraPath` (each monitor starts on
+    /// another), Nivalis' time of day read from `settings`.
+    static std::unique_ptr<SceneContent> chosenContent(settings::Settings& settings, int cameraPath = 0);
 
     /// Makes `name` the scene shown; when that changes the scene, the content is rebuilt so
     /// that a new renderer of it replaces the old one and its GL objects.
@@ -48,6 +49,8 @@ public:
 protected:
     /// The scene shown.
     SceneContent& content() { return *content_; }
+    /// This output's renderer; null before its view appeared.
+    virtual FrameRenderer* ownRenderer() const = 0;
 
 private:
     std::unique_ptr<SceneContent> content_;

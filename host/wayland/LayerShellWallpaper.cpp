@@ -23,7 +23,10 @@ LayerShellWallpaper::LayerShellWallpaper(settings::Settings& settings, WaylandCo
     connect(&driver_, &view::FrameDriver::appeared, this, &LayerShellWallpaper::appeared);
     connect(&window::DisplayObservable::instance(), &window::DisplayObservable::screenDidChange, this,
             &LayerShellWallpaper::updateFrame);
-    // The picker lists this connection's monitors, and follows them as they come and go.
+    connect(&connection_, &WaylandConnection::monitorsChanged, this, [this] { closedOn_.clear(); });
+}
+
+void LayerShellWallpaper::listMonitorsOf(WaylandConnection& connection) {
     window::DisplayCatalogue::setSource([&connection] {
         std::vector<window::DisplayCatalogue::Entry> entries;
         for (WaylandMonitor* monitor : connection.monitors()) {
@@ -31,13 +34,11 @@ LayerShellWallpaper::LayerShellWallpaper(settings::Settings& settings, WaylandCo
         }
         return entries;
     });
-    connect(&connection_, &WaylandConnection::monitorsChanged, this, [this] { closedOn_.clear(); });
-    connect(&connection_, &WaylandConnection::monitorsChanged, &window::DisplayObservable::instance(),
-            &window::DisplayObservable::notifyScreensChanged, Qt::QueuedConnection);
+    QObject::connect(&connection, &WaylandConnection::monitorsChanged, &window::DisplayObservable::instance(),
+                     &window::DisplayObservable::notifyScreensChanged, Qt::QueuedConnection);
 }
 
 LayerShellWallpaper::~LayerShellWallpaper() {
-    window::DisplayCatalogue::setSource(nullptr);
     driver_.release();
     surface_.reset();
 }

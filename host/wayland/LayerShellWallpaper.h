@@ -38,6 +38,10 @@ public:
                         std::unique_ptr<view::SceneContent> content);
     ~LayerShellWallpaper() override;
 
+    /// Makes `connection`'s monitors the ones the program lists and follows (see
+    /// DisplayCatalogue), rather than Qt's screens; once per process, before any output.
+    static void listMonitorsOf(WaylandConnection& connection);
+
     void createWindow() override;
     void showWindow() override;
     void orderOut() override;
@@ -54,6 +58,7 @@ public:
     WaylandMonitor* targetMonitor() const;
 
 private:
+    view::FrameRenderer* ownRenderer() const override { return driver_.renderer(); }
     bool makeCurrent() override;
     bool hasRequiredVersion() const override;
     bool canDraw() const override;

@@ -2,6 +2,7 @@
 
 #include "host/wayland/WaylandMonitor.h"
 
+#include "wlr-foreign-toplevel-management-unstable-v1-client-protocol.h"
 #include "wlr-layer-shell-unstable-v1-client-protocol.h"
 
 #include <QAbstractEventDispatcher>
@@ -118,6 +119,10 @@ void WaylandConnection::onGlobal(void* data, wl_registry* registry, std::uint32_
     } else if (std::strcmp(interface, zwlr_layer_shell_v1_interface.name) == 0) {
         self->layerShell_ = static_cast<zwlr_layer_shell_v1*>(
             wl_registry_bind(registry, name, &zwlr_layer_shell_v1_interface, kLayerShellVersion));
+    } else if (std::strcmp(interface, zwlr_foreign_toplevel_manager_v1_interface.name) == 0) {
+        // Bound by whoever listens: its first events come at once.
+        self->toplevelManagerName_ = name;
+        self->toplevelManagerVersion_ = version;
     } else if (std::strcmp(interface, wl_output_interface.name) == 0) {
         auto* output = static_cast<wl_output*>(
             wl_registry_bind(registry, name, &wl_output_interface, std::min(version, kOutputVersion)));
@@ -125,6 +130,15 @@ void WaylandConnection::onGlobal(void* data, wl_registry* registry, std::uint32_
         QObject::connect(monitor.get(), &WaylandMonitor::described, self, &WaylandConnection::monitorsChanged);
         self->monitors_.push_back(std::move(monitor));
     }
+}
+
+zwlr_foreign_toplevel_manager_v1* WaylandConnection::bindToplevelManager() {
+    if (toplevelManagerName_ == 0) {
+        return nullptr;
+    }
+    return static_cast<zwlr_foreign_toplevel_manager_v1*>(
+        wl_registry_bind(registry_, toplevelManagerName_, &zwlr_foreign_toplevel_manager_v1_interface,
+                         std::min<std::uint32_t>(toplevelManagerVersion_, 3)));
 }
 
 void WaylandConnection::onGlobalRemove(void* data, wl_registry*, std::uint32_t name) {

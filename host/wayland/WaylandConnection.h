@@ -10,6 +10,7 @@ struct wl_compositor;
 struct wl_display;
 struct wl_registry;
 struct zwlr_layer_shell_v1;
+struct zwlr_foreign_toplevel_manager_v1;
 class QSocketNotifier;
 
 namespace host::wayland {
@@ -39,6 +40,12 @@ public:
     wl_compositor* compositor() const { return compositor_; }
     zwlr_layer_shell_v1* layerShell() const { return layerShell_; }
 
+    /// Whether the compositor lists the windows of all clients (foreign toplevels).
+    bool hasToplevelManager() const { return toplevelManagerName_ != 0; }
+    /// Binds the list of windows; the caller sets its listener before the next read of events
+    /// and owns the object. Null when not offered.
+    zwlr_foreign_toplevel_manager_v1* bindToplevelManager();
+
     /// The monitors, in the order the compositor announced them (described ones only).
     std::vector<WaylandMonitor*> monitors() const;
 
@@ -61,6 +68,8 @@ private:
     wl_registry* registry_ = nullptr;
     wl_compositor* compositor_ = nullptr;
     zwlr_layer_shell_v1* layerShell_ = nullptr;
+    std::uint32_t toplevelManagerName_ = 0;
+    std::uint32_t toplevelManagerVersion_ = 0;
     std::vector<std::unique_ptr<WaylandMonitor>> monitors_;
     QSocketNotifier* notifier_ = nullptr;
     bool lost_ = false;

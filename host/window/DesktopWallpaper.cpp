@@ -127,6 +127,10 @@ void DesktopWallpaper::rebuildContent() {
     makeView();
 }
 
+view::FrameRenderer* DesktopWallpaper::ownRenderer() const {
+    return view_ != nullptr ? view_->renderer() : nullptr;
+}
+
 std::uint64_t DesktopWallpaper::frameCount() const {
     return framesOfFormerViews_ + (view_ != nullptr ? view_->frameCount() : 0);
 }

@@ -60,6 +60,7 @@ public:
     bool isContentHidden() const { return contentHidden_; }
 
 private:
+    view::FrameRenderer* ownRenderer() const override;
     void makeView();
 
     settings::Settings& settings_;

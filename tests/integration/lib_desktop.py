@@ -138,8 +138,40 @@ class Desktop:
                 for key, value in settings.items():
                     f.write("%s=%s\n" % (key, value))
         self.nivalis_log = os.path.join(self.tmp, "nivalis.log")
-        self.nivalis = self.start(["dbus-run-session", "--", binary], log=self.nivalis_log)
+        # The program's pid and its bus, for the diagnostics and its memory.
+        script = 'echo "$DBUS_SESSION_BUS_ADDRESS $$" > "$1.tmp" && mv "$1.tmp" "$1" && exec "$0"'
+        self.bus_file = os.path.join(self.tmp, "bus")
+        self.nivalis = self.start(["dbus-run-session", "--", "sh", "-c", script, binary, self.bus_file],
+                                  log=self.nivalis_log)
         return self.nivalis
+
+    def _bus_and_pid(self):
+        wait_for(lambda: os.path.exists(self.bus_file), what="the program's session bus")
+        with open(self.bus_file) as f:
+            address, pid = f.read().split()
+        return address, int(pid)
+
+    def diagnostic(self, name):
+        """The text of the diagnostics property `name` as dbus-send prints it ("" while unknown)."""
+        address, _ = self._bus_and_pid()
+        result = self.run(["dbus-send", "--bus=" + address, "--print-reply", "--dest=org.nivalis.Nivalis",
+                           "/org/nivalis/Nivalis/Diagnostics", "org.freedesktop.DBus.Properties.Get",
+                           "string:org.nivalis.Nivalis.Diagnostics", "string:" + name])
+        return result.stdout if result.returncode == 0 else ""
+
+    def monitors(self):
+        """{Display UUID: (state, frames)} from the diagnostics, one entry per monitor shown on."""
+        found = {}
+        for line in re.findall(r'string "([^"]*)"', self.diagnostic("Monitors")):
+            display, state, frames = line.split()
+            found[display] = (state, int(frames))
+        return found
+
+    def rss_kib(self):
+        """The program's resident memory in KiB."""
+        _, pid = self._bus_and_pid()
+        with open("/proc/%d/status" % pid) as f:
+            return int(re.search(r"VmRSS:\s+(\d+)", f.read()).group(1))
 
     def log_text(self):
         with open(self.nivalis_log) as f:
@@ -358,3 +390,74 @@ def child_windows(desktop, window):
     """Ids of the direct children of a window, from xwininfo."""
     out = desktop.run(["xwininfo", "-children", "-id", window]).stdout
     return re.findall(r"^\s+(0x[0-9a-f]+)", out, re.MULTILINE)
+
+
+class _ClientMessage(ctypes.Structure):
+    _fields_ = [("type", ctypes.c_int), ("serial", ctypes.c_ulong), ("send_event", ctypes.c_int),
+                ("display", ctypes.c_void_p), ("window", ctypes.c_ulong), ("message_type", ctypes.c_ulong),
+                ("format", ctypes.c_int), ("data", ctypes.c_long * 5), ("pad", ctypes.c_long * 12)]
+
+
+def net_wm_state(display, window, add, *states):
+    """Asks the window manager to add or remove (`add`) up to two _NET_WM_STATE_ atoms of a client
+    window, as a pager or the window's own menu would."""
+    x11 = ctypes.CDLL(ctypes.util.find_library("X11"))
+    x11.XOpenDisplay.restype = ctypes.c_void_p
+    x11.XOpenDisplay.argtypes = [ctypes.c_char_p]
+    x11.XInternAtom.restype = ctypes.c_ulong
+    x11.XInternAtom.argtypes = [ctypes.c_void_p, ctypes.c_char_p, ctypes.c_int]
+    x11.XDefaultRootWindow.restype = ctypes.c_ulong
+    x11.XDefaultRootWindow.argtypes = [ctypes.c_void_p]
+    x11.XSendEvent.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_int, ctypes.c_long,
+                               ctypes.POINTER(_ClientMessage)]
+    x11.XFlush.argtypes = [ctypes.c_void_p]
+    x11.XCloseDisplay.argtypes = [ctypes.c_void_p]
+    dpy = x11.XOpenDisplay(display.encode())
+    try:
+        event = _ClientMessage(type=33, send_event=1, window=window, format=32)  # ClientMessage
+        event.message_type = x11.XInternAtom(dpy, b"_NET_WM_STATE", 0)
+        event.data[0] = 1 if add else 0
+        for i, state in enumerate(states[:2]):
+            event.data[1 + i] = x11.XInternAtom(dpy, b"_NET_WM_STATE_" + state.encode(), 0)
+        event.data[3] = 2  # a request from a pager, which the window manager never second-guesses
+        mask = (1 << 19) | (1 << 20)  # SubstructureNotify | SubstructureRedirect
+        x11.XSendEvent(dpy, x11.XDefaultRootWindow(dpy), 0, mask, ctypes.byref(event))
+        x11.XFlush(dpy)
+    finally:
+        x11.XCloseDisplay(dpy)
+
+
+class Xterm:
+    """An xterm that the test maximizes, restores or puts in fullscreen through the window
+    manager, as a user would."""
+
+    def __init__(self, desktop, x, y):
+        self.desktop = desktop
+        self.title = "cover-%d-%d" % (x, y)
+        self.proc = desktop.start(["xterm", "-T", self.title, "-geometry", "60x20+%d+%d" % (x, y)])
+        self.window = wait_for(self._find, what="the xterm " + self.title)
+
+    def _find(self):
+        for window in self.desktop.client_windows():
+            if '"%s"' % self.title in self.desktop.xprop(window, "WM_NAME"):
+                return window
+        return None
+
+    def do(self, operation):
+        """"maximize", "fullscreen" or "restore"."""
+        wid = int(self.window, 16)
+        if operation == "maximize":
+            net_wm_state(self.desktop.display, wid, True, "MAXIMIZED_VERT", "MAXIMIZED_HORZ")
+        elif operation == "fullscreen":
+            net_wm_state(self.desktop.display, wid, True, "FULLSCREEN")
+        else:
+            net_wm_state(self.desktop.display, wid, False, "MAXIMIZED_VERT", "MAXIMIZED_HORZ")
+            net_wm_state(self.desktop.display, wid, False, "FULLSCREEN")
+
+    def state(self):
+        return self.desktop.xprop(self.window, "_NET_WM_STATE")
+
+    def close(self):
+        if self.proc.poll() is None:
+            os.killpg(self.proc.pid, signal.SIGTERM)
+            self.proc.wait(timeout=10)

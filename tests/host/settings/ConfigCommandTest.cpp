@@ -62,7 +62,10 @@ TEST_F(ConfigCommandTest, ListShowsEveryKeyWithDefaultsMarked) {
                                   "clockEnabled=false (default)\n"
                                   "clockOpacity=0.7 (default)\n"
                                   "clockSize=220 (default)\n"
-                                  "scene=nivalis (default)\n"));
+                                  "scene=nivalis (default)\n"
+
+                                  "allDisplays=false (default)\n"
+                                  "pauseWhenCovered=true (default)\n"));
     ASSERT_EQ(run(QStringLiteral("set fps 60")), 0);
     ASSERT_EQ(run(QStringLiteral("list")), 0);
     EXPECT_TRUE(out.contains(QStringLiteral("\nfps=60\n")));

@@ -81,7 +81,8 @@ TEST_F(SettingsTest, KeyTableNamesAndOrder) {
     EXPECT_EQ(names, (QStringList{"hideMenuBarIcon", "display", "deactivateOnBattery", "showOnAllSpaces",
                                   "bringBrowsingModeToFront", "muteAudio", "extendVeilBelowMenuBar", "fps",
                                   "lowPowerMode", "batteryMode", "sceneVignette", "sceneSpeed", "sceneTime",
-                                  "clockFont", "clockFormat", "clockEnabled", "clockOpacity", "clockSize", "scene"}));
+                                  "clockFont", "clockFormat", "clockEnabled", "clockOpacity", "clockSize", "scene",
+                                  "allDisplays", "pauseWhenCovered"}));
     EXPECT_EQ(settings->find(QStringLiteral("clockSize")), &settings->clockSize);
     EXPECT_EQ(settings->find(QStringLiteral("ClockSize")), nullptr);
 }

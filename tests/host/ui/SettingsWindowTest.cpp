@@ -94,7 +94,7 @@ TEST_F(SettingsWindowTest, ThreeTabsInOrderWithTheirControls) {
         return found;
     };
     EXPECT_EQ(names(0), (QStringList{"launchAtLogin", "fps", "limitFpsOnBattery", "minimalFpsInLowPowerMode",
-                                     "display", "showOnAllSpaces", "hideMenuBarIcon"}));
+                                     "display", "showOnAllSpaces", "pauseWhenCovered", "hideMenuBarIcon"}));
     EXPECT_EQ(names(1), (QStringList{"scene", "sceneVignette", "sceneSpeed", "sceneTime"}));
     EXPECT_EQ(names(2), (QStringList{"clockEnabled", "clockFont", "clockFormat", "clockOpacity", "clockSize"}));
 
@@ -274,9 +274,10 @@ TEST_F(SettingsWindowTest, LaunchAtLoginSwitchWritesTheAutostartEntry) {
 
 TEST_F(SettingsWindowTest, DisplayPickerListsTheScreensAndWritesTheMainOneWhenShown) {
     QComboBox* picker = control<QComboBox>("display");
-    // The primary first, labelled by its maker and model, then the others.
-    ASSERT_GE(picker->count(), 2);
-    EXPECT_EQ(picker->itemText(0), "NVL Polar 27 (LEFT)");
+    // All displays, then the primary, labelled by its maker and model, then the others.
+    ASSERT_GE(picker->count(), 3);
+    EXPECT_EQ(picker->itemText(0), "All displays");
+    EXPECT_EQ(picker->itemText(1), "NVL Polar 27 (LEFT)");
     EXPECT_TRUE(itemsOf(picker).contains("RIGHT"));
     EXPECT_EQ(picker->currentIndex(), -1);
     window->show();
@@ -284,13 +285,18 @@ TEST_F(SettingsWindowTest, DisplayPickerListsTheScreensAndWritesTheMainOneWhenSh
     const auto main = window::Display::main();
     ASSERT_TRUE(main.has_value());
     EXPECT_EQ(settings->display.read(), main->id);
-    EXPECT_EQ(picker->currentIndex(), 0);
+    EXPECT_EQ(picker->currentIndex(), 1);
     window->hide();
 
-    // Choosing the other monitor writes its display.
+    // All displays turns the key on and keeps the chosen monitor; a monitor turns it off again.
+    emit picker->activated(0);
+    EXPECT_TRUE(settings->allDisplays.read());
+    EXPECT_EQ(picker->currentIndex(), 0);
+    EXPECT_EQ(settings->display.read(), main->id);
     const int other = picker->findText(QStringLiteral("RIGHT"));
     picker->setCurrentIndex(other);
     emit picker->activated(other);
+    EXPECT_FALSE(settings->allDisplays.read());
     EXPECT_EQ(settings->display.read(), window::Display::fromIdentity("", "", "", "RIGHT")->id);
 }
 
@@ -303,15 +309,15 @@ TEST_F(SettingsWindowTest, DisplayPickerListsTheMonitorsOfAnInstalledSourceAndFo
     };
     window::DisplayCatalogue::setSource([&monitors] { return monitors; });
     DisplayPicker picker(*settings);
-    EXPECT_EQ(itemsOf(&picker), QStringList({"headless headless (HEADLESS-1)", "DP-2"}));
+    EXPECT_EQ(itemsOf(&picker), QStringList({"All displays", "headless headless (HEADLESS-1)", "DP-2"}));
     settings->display.write(monitors[1].display->id);
-    EXPECT_EQ(picker.currentIndex(), 1);
+    EXPECT_EQ(picker.currentIndex(), 2);
 
     // DP-2 unplugged: the first monitor is shown, the key is kept for its return.
     monitors.pop_back();
     window::DisplayObservable::instance().notifyScreensChanged();
-    EXPECT_EQ(itemsOf(&picker), QStringList({"headless headless (HEADLESS-1)"}));
-    EXPECT_EQ(picker.currentIndex(), 0);
+    EXPECT_EQ(itemsOf(&picker), QStringList({"All displays", "headless headless (HEADLESS-1)"}));
+    EXPECT_EQ(picker.currentIndex(), 1);
     EXPECT_EQ(settings->display.read(), window::Display::fromIdentity("", "", "", "DP-2")->id);
     window::DisplayCatalogue::setSource(nullptr);
 }
@@ -357,7 +363,7 @@ TEST_F(SettingsWindowTest, UnpluggedStoredDisplayShowsTheMainOneAndKeepsTheKey) 
     settings->display.write(away);
     auto* picker = window->findChild<DisplayPicker*>(QStringLiteral("display"));
     ASSERT_NE(picker, nullptr);
-    EXPECT_EQ(picker->currentIndex(), 0);
+    EXPECT_EQ(picker->currentIndex(), 1);
     EXPECT_EQ(picker->currentData().toString(), window::Display::main()->uuidText());
     EXPECT_EQ(settings->display.read(), away);
 }
