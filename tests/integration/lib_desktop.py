@@ -140,7 +140,7 @@ class Desktop:
         self.nivalis_log = os.path.join(self.tmp, "nivalis.log")
         # The program's pid and its bus, for the diagnostics and its memory.
         script = 'echo "$DBUS_SESSION_BUS_ADDRESS $$" > "$1.tmp" && mv "$1.tmp" "$1" && exec "$0"'
-        self.bus_file = os.path.join(self.tmp, "bus")
+        self.bus_file = os.path.join(self.tmp, "nivalis-bus-and-pid")
         self.nivalis = self.start(["dbus-run-session", "--", "sh", "-c", script, binary, self.bus_file],
                                   log=self.nivalis_log)
         return self.nivalis
