@@ -460,13 +460,6 @@ TEST_F(AppStateTest, WindowKeysReachTheWindow) {
     EXPECT_EQ(output.calls, QStringList{QStringLiteral("rebuildContent")});
 }
 
-TEST_F(AppStateTest, WakeOnlyLogs) {
-    launch();
-    emit events.deviceDidWake();
-    EXPECT_EQ(logLines(), QStringList{QStringLiteral("deviceDidWake")});
-    EXPECT_TRUE(output.calls.isEmpty());
-}
-
 TEST_F(AppStateTest, OutsideWriteOfTheFileReachesTheState) {
     launch();
     settings::Settings other(settings->store().filePath());

@@ -42,35 +42,6 @@ protected:
     QString err;
 };
 
-TEST_F(ConfigCommandTest, ListShowsEveryKeyWithDefaultsMarked) {
-    ASSERT_EQ(run(QStringLiteral("list")), 0);
-    EXPECT_EQ(out, QStringLiteral("hideMenuBarIcon=false (default)\n"
-                                  "display= (default)\n"
-                                  "deactivateOnBattery=false (default)\n"
-                                  "showOnAllSpaces=true (default)\n"
-                                  "bringBrowsingModeToFront=false (default)\n"
-                                  "muteAudio=true (default)\n"
-                                  "extendVeilBelowMenuBar=false (default)\n"
-                                  "fps=30 (default)\n"
-                                  "lowPowerMode=true (default)\n"
-                                  "batteryMode=true (default)\n"
-                                  "sceneVignette=true (default)\n"
-                                  "sceneSpeed=1.5 (default)\n"
-                                  "sceneTime=auto (default)\n"
-                                  "clockFont=Baloo (default)\n"
-                                  "clockFormat=h:mm (default)\n"
-                                  "clockEnabled=false (default)\n"
-                                  "clockOpacity=0.7 (default)\n"
-                                  "clockSize=220 (default)\n"
-                                  "scene=nivalis (default)\n"
-
-                                  "allDisplays=false (default)\n"
-                                  "pauseWhenCovered=true (default)\n"));
-    ASSERT_EQ(run(QStringLiteral("set fps 60")), 0);
-    ASSERT_EQ(run(QStringLiteral("list")), 0);
-    EXPECT_TRUE(out.contains(QStringLiteral("\nfps=60\n")));
-}
-
 TEST_F(ConfigCommandTest, SetGetUnsetRoundTrip) {
     EXPECT_EQ(run(QStringLiteral("get fps")), 0);
     EXPECT_EQ(out, QStringLiteral("30\n"));

@@ -73,29 +73,6 @@ TEST_F(SettingsTest, FreshUserReadsEveryDefaultAndNothingIsWritten) {
     EXPECT_FALSE(QFileInfo::exists(QFileInfo(path).absolutePath())) << "not even the folder";
 }
 
-TEST_F(SettingsTest, KeyTableNamesAndOrder) {
-    QStringList names;
-    for (const SettingsKeyBase* key : settings->keys()) {
-        names << key->name();
-    }
-    EXPECT_EQ(names, (QStringList{"hideMenuBarIcon", "display", "deactivateOnBattery", "showOnAllSpaces",
-                                  "bringBrowsingModeToFront", "muteAudio", "extendVeilBelowMenuBar", "fps",
-                                  "lowPowerMode", "batteryMode", "sceneVignette", "sceneSpeed", "sceneTime",
-                                  "clockFont", "clockFormat", "clockEnabled", "clockOpacity", "clockSize", "scene",
-                                  "allDisplays", "pauseWhenCovered"}));
-    EXPECT_EQ(settings->find(QStringLiteral("clockSize")), &settings->clockSize);
-    EXPECT_EQ(settings->find(QStringLiteral("ClockSize")), nullptr);
-}
-
-TEST_F(SettingsTest, WritingTheDefaultStoresIt) {
-    settings->fps.write(30);
-    EXPECT_TRUE(settings->fps.hasEntry());
-    EXPECT_TRUE(fileText().contains(QStringLiteral("fps=30")));
-    // A second program over the same file sees the entry.
-    Settings other(path);
-    EXPECT_TRUE(other.fps.hasEntry());
-}
-
 TEST_F(SettingsTest, ValuesAreStoredAsReadableText) {
     settings->hideMenuBarIcon.write(true);
     settings->fps.write(60);
@@ -199,21 +176,6 @@ TEST_F(SettingsTest, OutOfRangeEntriesReadAsTheNearestValidOrTheDefaultAndTheFil
         EXPECT_EQ(key->valueText(), c.read);
         EXPECT_EQ(fileText(), text);
     }
-}
-
-TEST_F(SettingsTest, WritesKeepEntriesThisProgramDoesNotKnow) {
-    writeFile(QStringLiteral("[General]\nfutureKey=kept\nfps=20\n\n[Other]\nsomething=1\n"));
-    settings->store().reload();
-    settings->fps.write(60);
-    settings->sceneTime.write(QStringLiteral("night"));
-    QSettings raw(path, QSettings::IniFormat);
-    EXPECT_EQ(raw.value(QStringLiteral("futureKey")).toString(), QStringLiteral("kept"));
-    EXPECT_EQ(raw.value(QStringLiteral("Other/something")).toString(), QStringLiteral("1"));
-    EXPECT_EQ(raw.value(QStringLiteral("fps")).toString(), QStringLiteral("60"));
-    // Nothing is left beside the file by the replacing write.
-    const QStringList leftovers =
-        QDir(QFileInfo(path).absolutePath()).entryList(QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot);
-    EXPECT_EQ(leftovers, QStringList{QStringLiteral("nivalis.conf")});
 }
 
 TEST_F(SettingsTest, InitialRunsOnceAtOnceAndChangesCarryOldAndNewValues) {

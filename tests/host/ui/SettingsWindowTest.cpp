@@ -118,17 +118,6 @@ TEST_F(SettingsWindowTest, ThreeTabsInOrderWithTheirControls) {
     EXPECT_EQ(window->tabs()->width(), 480);
 }
 
-TEST_F(SettingsWindowTest, PickersOfferTheirChoicesInOrder) {
-    EXPECT_EQ(itemsOf(control<QComboBox>("fps")), (QStringList{"20", "30", "60"}));
-    EXPECT_EQ(itemsOf(control<QComboBox>("sceneTime")), (QStringList{"Auto", "Day", "Night", "Dusk", "Dawn"}));
-    EXPECT_EQ(itemsOf(control<QComboBox>("clockFormat")),
-              (QStringList{"12 hours short (9:27)", "12 hours long (09:27)", "24 hours short (6:27)",
-                           "24 hours long (21:27)"}));
-    EXPECT_EQ(itemsOf(control<QComboBox>("clockFont")),
-              (QStringList{"Abril Fatface", "Baloo", "Black Ops One", "Carbon", "Limelight", "Major Snafu",
-                           "Nyamomobile", "Oswald", "Virgo", "Yukarimobile"}));
-}
-
 TEST_F(SettingsWindowTest, ControlsShowTheDefaultsOfAFreshUser) {
     EXPECT_EQ(control<QComboBox>("fps")->currentText(), "30");
     EXPECT_TRUE(control<QCheckBox>("limitFpsOnBattery")->isChecked());
@@ -230,19 +219,6 @@ TEST_F(SettingsWindowTest, MovementSpeedMovesInQuarterSteps) {
     EXPECT_EQ(speed->value(), 6);
     EXPECT_FLOAT_EQ(settings->sceneSpeed.read(), 1.5f);
     EXPECT_EQ(settings->store().entry(QStringLiteral("sceneSpeed")).toString(), "1.6");
-}
-
-TEST_F(SettingsWindowTest, ContinuousSlidersSpanTheirRanges) {
-    QSlider* opacity = control<QSlider>("clockOpacity");
-    QSlider* size = control<QSlider>("clockSize");
-    opacity->setValue(opacity->minimum());
-    EXPECT_DOUBLE_EQ(settings->clockOpacity.read(), 0.1);
-    opacity->setValue(opacity->maximum());
-    EXPECT_DOUBLE_EQ(settings->clockOpacity.read(), 1.0);
-    size->setValue(size->minimum());
-    EXPECT_FLOAT_EQ(settings->clockSize.read(), 150.0f);
-    size->setValue(size->maximum());
-    EXPECT_FLOAT_EQ(settings->clockSize.read(), 350.0f);
 }
 
 TEST_F(SettingsWindowTest, HidingTheIconShowsTheAlertAndShowingItDoesNot) {
