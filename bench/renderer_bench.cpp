@@ -293,7 +293,7 @@ void BM_NivalisFrameWithoutDriver(benchmark::State& state) {
     double seconds = 30.0;
     auto scene = std::make_shared<scenes::nivalis::NivalisScene>();
     auto opts = options(seconds);
-    opts.astcDecoding = renderer::AstcTexture::Decoding::GPU;
+    opts.astcDecoding = renderer::loaders::AstcTexture::Decoding::GPU;
     NivalisRenderer renderer(null, scene, "nivalis", opts, "day");
     const FrameTarget frame{0, 1, 1};
     renderer.drawFrame(frame);

@@ -4,7 +4,7 @@
 #include <chrono>
 
 #include "renderer/Fatal.h"
-#include "renderer/HalfFloat.h"
+#include "renderer/loaders/HalfFloat.h"
 #include "renderer/SceneUtils.h"
 
 namespace renderer {
@@ -215,7 +215,7 @@ void SceneRenderer::drawMesh(const DrawMeshCommand& command, gpu::RenderEncoder&
         encoder_.drawPrimitives(primitive, 0, std::max<GLsizei>(1, command.primitiveCount));
         return;
     }
-    const FullModel& model = models[static_cast<std::size_t>(meshId)];
+    const loaders::FullModel& model = models[static_cast<std::size_t>(meshId)];
     if (model.vertexBuffer() != 0) {
         encoder_.setVertexBuffer(model.vertexBuffer());
     }
@@ -239,10 +239,10 @@ void SceneRenderer::drawVignette(const VignetteCommand& command, gpu::RenderEnco
     const engine::math::Vec4* colors[] = {&command.color0, &command.color1};
     std::array<std::uint16_t, 4>* halves[] = {&colorVignette0_fp16, &colorVignette1_fp16};
     for (int i = 0; i < 2; ++i) {
-        (*halves[i])[0] = HalfFloat::fromFloat(colors[i]->r());
-        (*halves[i])[1] = HalfFloat::fromFloat(colors[i]->g());
-        (*halves[i])[2] = HalfFloat::fromFloat(colors[i]->b());
-        (*halves[i])[3] = HalfFloat::fromFloat(colors[i]->a());
+        (*halves[i])[0] = loaders::HalfFloat::fromFloat(colors[i]->r());
+        (*halves[i])[1] = loaders::HalfFloat::fromFloat(colors[i]->g());
+        (*halves[i])[2] = loaders::HalfFloat::fromFloat(colors[i]->b());
+        (*halves[i])[3] = loaders::HalfFloat::fromFloat(colors[i]->a());
     }
     if (!vignettePipelineStateWithDepth) {
         Fatal::stop("Vignette pipeline state is not available");

@@ -18,9 +18,9 @@
 #include "engine/commands/DrawMeshState.h"
 #include "engine/commands/MainPassCommand.h"
 #include "engine/commands/VignetteCommand.h"
-#include "renderer/AstcTexture.h"
+#include "renderer/loaders/AstcTexture.h"
 #include "renderer/FrameTarget.h"
-#include "renderer/FullModel.h"
+#include "renderer/loaders/FullModel.h"
 #include "renderer/FullscreenQuad.h"
 #include "renderer/GaussianBlurRenderPass.h"
 #include "renderer/RenderPipelineStateWithDepth.h"
@@ -81,7 +81,7 @@ public:
         /// process's steady clock.
         std::function<double()> clock;
         /// Where ASTC textures are decoded.
-        AstcTexture::Decoding astcDecoding = AstcTexture::Decoding::AUTO;
+        loaders::AstcTexture::Decoding astcDecoding = loaders::AstcTexture::Decoding::AUTO;
         /// What the main pass's attachments start with when no ClearCommand raises them: the
         /// host's choice, by default a clear to opaque black and a depth of 1.
         gpu::LoadAction viewColorLoadAction = gpu::LoadAction::CLEAR;
@@ -186,13 +186,13 @@ public:
     /// Vignette colours as half floats, r, g, b, a.
     std::array<std::uint16_t, 4> colorVignette0_fp16{};
     std::array<std::uint16_t, 4> colorVignette1_fp16{};
-    std::vector<FullModel>& models = assets.models;
+    std::vector<loaders::FullModel>& models = assets.models;
     std::vector<GLuint>& textures = assets.textures;
     std::vector<GLuint>& samplers = assets.samplers;
     std::vector<std::shared_ptr<ShaderFunctions>>& shaders = assets.shaders;
     /// The uniform table in use.
     const ShaderUniforms* shadersUniforms = nullptr;
-    std::optional<FullModel>& fmVignette = assets.fmVignette;
+    std::optional<loaders::FullModel>& fmVignette = assets.fmVignette;
     std::optional<RenderPipelineStateWithDepth>& vignettePipelineStateWithDepth = assets.vignettePipelineStateWithDepth;
     std::array<float, STAGING_SIZE>& valueFp32 = uniformStaging.valueFp32;
     std::array<std::uint16_t, STAGING_SIZE>& valueFp16 = uniformStaging.valueFp16;

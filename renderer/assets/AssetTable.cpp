@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "renderer/ModelLayoutCheck.h"
+#include "renderer/loaders/ModelLayoutCheck.h"
 #include "renderer/SceneUtils.h"
 #include "renderer/ShaderLibrary.h"
 #include "renderer/VignetteUtils.h"
@@ -60,15 +60,15 @@ void AssetTable::loadModels(engine::Scene& scene, const std::string& resourcesRo
             continue;
         }
         mesh->id = static_cast<std::int32_t>(models.size());
-        FullModel model(mesh->fileName, resourcesRoot);
+        loaders::FullModel model(mesh->fileName, resourcesRoot);
         model.load(gl_, resources);
         models.push_back(std::move(model));
     }
-    ModelLayoutCheck::run(scene.getCommands(), models);
+    loaders::ModelLayoutCheck::run(scene.getCommands(), models);
 }
 
 void AssetTable::loadTextures(engine::Scene& scene, const std::filesystem::path& directory,
-                              AstcTexture::Decoding decoding) {
+                              loaders::AstcTexture::Decoding decoding) {
     releaseTextures();
     for (const auto& texture : scene.getTextures()) {
         if (!texture) {
@@ -86,7 +86,7 @@ void AssetTable::loadTextures(engine::Scene& scene, const std::filesystem::path&
 void AssetTable::loadVignette(const std::filesystem::path& resources) {
     fmVignette.emplace(VignetteUtils::MODEL_NAME, "");
     fmVignette->load(gl_, resources);
-    ModelLayoutCheck::check(*fmVignette, static_cast<std::size_t>(VignetteUtils::attributes()->stride()));
+    loaders::ModelLayoutCheck::check(*fmVignette, static_cast<std::size_t>(VignetteUtils::attributes()->stride()));
     const ShaderLibrary library = ShaderLibrary::openOrStop(resources);
     std::optional<ShaderFunctions> functions;
     try {

@@ -7,7 +7,7 @@
 #include "engine/commands/UniformIntValue.h"
 #include "engine/commands/UniformTextureValue.h"
 #include "renderer/Fatal.h"
-#include "renderer/HalfFloat.h"
+#include "renderer/loaders/HalfFloat.h"
 
 namespace renderer::draw {
 
@@ -50,7 +50,7 @@ void UniformStaging::bind(const engine::commands::DrawMeshCommand& command, cons
                 send(uniform, std::span<const float>(valueFp32.data(), size), encoder);
             } else {
                 for (std::size_t k = 0; k < size; ++k) {
-                    valueFp16[k] = HalfFloat::fromFloat(floats->value[k]);
+                    valueFp16[k] = loaders::HalfFloat::fromFloat(floats->value[k]);
                 }
                 send(uniform, std::span<const std::uint16_t>(valueFp16.data(), size), encoder);
             }

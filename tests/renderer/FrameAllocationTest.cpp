@@ -22,7 +22,7 @@ TEST(FrameAllocationTest, FramesAfterTheFirstAllocateNothing) {
     SceneRenderer::Options options;
     options.resources = resources.path();
     options.clock = [&seconds] { return seconds; };
-    options.astcDecoding = AstcTexture::Decoding::GPU;
+    options.astcDecoding = loaders::AstcTexture::Decoding::GPU;
     NivalisRenderer renderer(gl, scene, "nivalis", options, "day");
     const FrameTarget target{0, 640, 360};
 

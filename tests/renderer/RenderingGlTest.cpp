@@ -9,7 +9,7 @@
 #include "engine/commands/GroupCommand.h"
 #include "engine/commands/MainPassCommand.h"
 #include "engine/commands/VignetteCommand.h"
-#include "renderer/HalfFloat.h"
+#include "renderer/loaders/HalfFloat.h"
 #include "renderer/gl/EpoxyGl.h"
 #include "renderer/headless/HeadlessContext.h"
 #include "renderer/headless/OffscreenTarget.h"
@@ -174,7 +174,7 @@ TEST_F(RenderingGlTest, APaletteMeshTakesItsColoursFromThePaletteTexture) {
                            {0, 1, 2, 0, 2, 3, 4, 5, 6, 4, 6, 7});
     auto mesh = std::make_shared<engine::Mesh>("halves", nullptr);
     h.scene->meshes.push_back(mesh);
-    const std::uint16_t one = HalfFloat::fromFloat(1.0f);
+    const std::uint16_t one = loaders::HalfFloat::fromFloat(1.0f);
     h.resources.writeFp16Texture("scene", "palette.rgba.fp16", {one, 0, 0, one, 0, one, 0, one});
     auto palette = std::make_shared<engine::Texture>();
     palette->fileName = "palette.rgba.fp16";

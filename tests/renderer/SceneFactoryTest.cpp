@@ -36,7 +36,7 @@ TEST(SceneFactoryTest, TwentySwapsLeaveNoGlObjectBehind) {
         options.resources = resources.path();
         double seconds = 10.0;
         options.clock = [&seconds] { return seconds += 0.5; };
-        options.astcDecoding = AstcTexture::Decoding::GPU;
+        options.astcDecoding = loaders::AstcTexture::Decoding::GPU;
         {
             auto renderer = SceneFactory::makeRenderer(gl, name, scene, options, "day");
             for (int frame = 0; frame < 3; ++frame) {

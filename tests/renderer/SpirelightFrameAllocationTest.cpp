@@ -22,7 +22,7 @@ TEST(SpirelightFrameAllocationTest, FramesAfterTheFirstAllocateNothing) {
     SceneRenderer::Options options;
     options.resources = resources.path();
     options.clock = [&seconds] { return seconds; };
-    options.astcDecoding = AstcTexture::Decoding::GPU;
+    options.astcDecoding = loaders::AstcTexture::Decoding::GPU;
     SpirelightRenderer renderer(gl, scene, "spirelight", options);
     const FrameTarget target{0, 640, 360};
 

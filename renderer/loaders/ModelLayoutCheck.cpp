@@ -1,4 +1,4 @@
-#include "renderer/ModelLayoutCheck.h"
+#include "renderer/loaders/ModelLayoutCheck.h"
 
 #include <exception>
 #include <set>
@@ -9,7 +9,7 @@
 #include "engine/commands/GroupCommand.h"
 #include "renderer/Fatal.h"
 
-namespace renderer {
+namespace renderer::loaders {
 
 namespace {
 
@@ -59,4 +59,4 @@ void ModelLayoutCheck::check(const FullModel& model, std::size_t stride) {
     }
 }
 
-} // namespace renderer
+} // namespace renderer::loaders

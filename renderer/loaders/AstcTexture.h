@@ -11,7 +11,7 @@
 #include "renderer/textures/AstcInfo.h"
 #include "renderer/textures/LoadedTexture.h"
 
-namespace renderer {
+namespace renderer::loaders {
 
 /// Loading of ASTC-compressed textures from `.astc` files: one file for a texture without
 /// mipmaps, or one file per level (`<fileName>_<level>.astc`). The blocks go to the GPU as they
@@ -65,4 +65,4 @@ public:
                                               int width, int height, std::size_t rowBytes, const std::string& name);
 };
 
-} // namespace renderer
+} // namespace renderer::loaders

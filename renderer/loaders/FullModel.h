@@ -7,7 +7,7 @@
 
 #include "renderer/gl/Gl.h"
 
-namespace renderer {
+namespace renderer::loaders {
 
 /// One model of a scene as two GPU buffers: the vertices, interleaved as the draw state's layout
 /// says, and unsigned 16-bit indices. On disk a model is a pair of headerless little-endian files
@@ -94,4 +94,4 @@ private:
     unsigned highestIndex_ = 0;
 };
 
-} // namespace renderer
+} // namespace renderer::loaders

@@ -1,4 +1,4 @@
-#include "renderer/FullModel.h"
+#include "renderer/loaders/FullModel.h"
 
 #include <optional>
 #include <stdexcept>
@@ -8,7 +8,7 @@
 #include "renderer/textures/LoadError.h"
 #include "renderer/textures/ResourceFile.h"
 
-namespace renderer {
+namespace renderer::loaders {
 
 namespace {
 
@@ -184,4 +184,4 @@ void FullModel::release(gl::Gl& gl) {
     highestIndex_ = 0;
 }
 
-} // namespace renderer
+} // namespace renderer::loaders

@@ -1,4 +1,4 @@
-#include "renderer/AstcTexture.h"
+#include "renderer/loaders/AstcTexture.h"
 
 #include <cstring>
 #include <stdexcept>
@@ -7,7 +7,7 @@
 #include "renderer/textures/LoadError.h"
 #include "renderer/textures/ResourceFile.h"
 
-namespace renderer {
+namespace renderer::loaders {
 
 namespace {
 
@@ -150,4 +150,4 @@ textures::LoadedTexture AstcTexture::loadMipmapped(gl::Gl& gl, const std::string
     return result;
 }
 
-} // namespace renderer
+} // namespace renderer::loaders

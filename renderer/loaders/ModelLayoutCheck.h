@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "engine/commands/Command.h"
-#include "renderer/FullModel.h"
+#include "renderer/loaders/FullModel.h"
 
-namespace renderer {
+namespace renderer::loaders {
 
 /// Holds each loaded model, once at load, against the vertex layouts of the draws that use it:
 /// the stride of a draw's state gives the model's vertex count, and an index past it would make
@@ -27,4 +27,4 @@ public:
     static void check(const FullModel& model, std::size_t stride);
 };
 
-} // namespace renderer
+} // namespace renderer::loaders

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-namespace renderer {
+namespace renderer::loaders {
 
 /// IEEE 754 half floats, as the FP16 uniforms and the vignette colours are sent: a float is
 /// rounded to the nearest half, ties to the even one, as the processor's own conversion does;
@@ -17,4 +17,4 @@ public:
     static float toFloat(std::uint16_t half);
 };
 
-} // namespace renderer
+} // namespace renderer::loaders

@@ -1,8 +1,8 @@
-#include "renderer/HalfFloat.h"
+#include "renderer/loaders/HalfFloat.h"
 
 #include <bit>
 
-namespace renderer {
+namespace renderer::loaders {
 
 std::uint16_t HalfFloat::fromFloat(float value) {
     const std::uint32_t bits = std::bit_cast<std::uint32_t>(value);
@@ -66,4 +66,4 @@ float HalfFloat::toFloat(std::uint16_t half) {
     return std::bit_cast<float>(bits);
 }
 
-} // namespace renderer
+} // namespace renderer::loaders
