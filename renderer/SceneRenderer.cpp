@@ -38,7 +38,7 @@ SceneRenderer::SceneRenderer(gl::Gl& gl_, std::shared_ptr<engine::Scene> scene_,
 }
 
 SceneRenderer::SceneRenderer(gl::Gl& gl_, std::shared_ptr<engine::Scene> scene_, std::string resourcesRoot_,
-                             Options options_, const ShaderUniforms& uniforms)
+                             Options options_, const uniforms::ShaderUniforms& uniforms)
     : gl(gl_), scene(std::move(scene_)), resourcesRoot(std::move(resourcesRoot_)), options(std::move(options_)),
       encoder(gl_), uniforms_(&uniforms) {
     start();
@@ -62,7 +62,7 @@ void SceneRenderer::start() {
     scene->loaded = true;
 }
 
-const ShaderUniforms& SceneRenderer::shaderUniforms() const { Fatal::stop("Not implemented"); }
+const uniforms::ShaderUniforms& SceneRenderer::shaderUniforms() const { Fatal::stop("Not implemented"); }
 
 double SceneRenderer::now() const {
     if (options.clock) {
@@ -147,11 +147,12 @@ void SceneRenderer::processBlurredPass(const BlurredPassCommand& pass) {
     auto found = blurredPassesCache.find(pass.id);
     if (found == blurredPassesCache.end()) {
         const float aspect = static_cast<float>(scene->viewportWidth) / static_cast<float>(scene->viewportHeight);
-        auto chain = std::make_unique<GaussianBlurRenderPass>(pass.minSize, gl, pass.name, aspect, options.resources);
+        auto chain =
+            std::make_unique<passes::GaussianBlurRenderPass>(pass.minSize, gl, pass.name, aspect, options.resources);
         chain->createTextures();
         found = blurredPassesCache.emplace(pass.id, std::move(chain)).first;
     }
-    GaussianBlurRenderPass& chain = *found->second;
+    passes::GaussianBlurRenderPass& chain = *found->second;
     activeBlurredPass = &chain;
 
     int kernel = 0;
@@ -268,7 +269,7 @@ void SceneRenderer::drawBlurred(const std::shared_ptr<Command>& command, gpu::Re
     const auto& blurred = static_cast<const DrawBlurredCommand&>(*command);
     auto found = fullscreenQuadsCache.find(blurred.id);
     if (found == fullscreenQuadsCache.end()) {
-        auto quad = std::make_unique<FullscreenQuad>(std::static_pointer_cast<DrawBlurredCommand>(command), gl);
+        auto quad = std::make_unique<passes::FullscreenQuad>(std::static_pointer_cast<DrawBlurredCommand>(command), gl);
         quad->createVertexBuffer();
         quad->makePipeline(options.resources);
         found = fullscreenQuadsCache.emplace(blurred.id, std::move(quad)).first;

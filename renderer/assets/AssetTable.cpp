@@ -5,7 +5,7 @@
 #include "renderer/loaders/ModelLayoutCheck.h"
 #include "renderer/SceneUtils.h"
 #include "renderer/ShaderLibrary.h"
-#include "renderer/VignetteUtils.h"
+#include "renderer/passes/VignetteUtils.h"
 #include "renderer/textures/TextureFiles.h"
 
 namespace renderer::assets {
@@ -84,9 +84,10 @@ void AssetTable::loadTextures(engine::Scene& scene, const std::filesystem::path&
 }
 
 void AssetTable::loadVignette(const std::filesystem::path& resources) {
-    fmVignette.emplace(VignetteUtils::MODEL_NAME, "");
+    fmVignette.emplace(passes::VignetteUtils::MODEL_NAME, "");
     fmVignette->load(gl_, resources);
-    loaders::ModelLayoutCheck::check(*fmVignette, static_cast<std::size_t>(VignetteUtils::attributes()->stride()));
+    loaders::ModelLayoutCheck::check(*fmVignette,
+                                     static_cast<std::size_t>(passes::VignetteUtils::attributes()->stride()));
     const ShaderLibrary library = ShaderLibrary::openOrStop(resources);
     std::optional<ShaderFunctions> functions;
     try {
@@ -94,7 +95,7 @@ void AssetTable::loadVignette(const std::filesystem::path& resources) {
     } catch (const std::runtime_error&) {
         return;
     }
-    vignettePipelineStateWithDepth = VignetteUtils::makePipeline(gl_, *functions);
+    vignettePipelineStateWithDepth = passes::VignetteUtils::makePipeline(gl_, *functions);
 }
 
 } // namespace renderer::assets

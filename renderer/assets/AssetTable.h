@@ -35,7 +35,8 @@ public:
     /// order; `Texture::id` is the count of textures before it. After a texture of a format
     /// without a loader the samplers run one ahead of the textures, and later ids pick the wrong
     /// sampler: scenes must not name such textures.
-    void loadTextures(engine::Scene& scene, const std::filesystem::path& directory, loaders::AstcTexture::Decoding decoding);
+    void loadTextures(engine::Scene& scene, const std::filesystem::path& directory,
+                      loaders::AstcTexture::Decoding decoding);
     /// The vignette mesh and, where the library has the "Vignette" shader, its pipeline.
     void loadVignette(const std::filesystem::path& resources);
 

@@ -1,7 +1,7 @@
 // Counts heap allocations while frames are drawn, through the program's counting operator new.
 #include <gtest/gtest.h>
 
-#include "renderer/NivalisRenderer.h"
+#include "renderer/scenes/NivalisRenderer.h"
 #include "scenes/nivalis/NivalisScene.h"
 #include "tests/renderer/support/NullGl.h"
 #include "tests/renderer/support/RendererHarness.h"
@@ -15,7 +15,7 @@ using tests::support::allocationsDuring;
 
 TEST(FrameAllocationTest, FramesAfterTheFirstAllocateNothing) {
     test::TestResources resources;
-    auto scene = std::make_shared<scenes::nivalis::NivalisScene>();
+    auto scene = std::make_shared<::scenes::nivalis::NivalisScene>();
     test::SceneAssets::write(*scene, resources, "nivalis");
     test::NullGl gl;
     double seconds = 10.0;
@@ -23,7 +23,7 @@ TEST(FrameAllocationTest, FramesAfterTheFirstAllocateNothing) {
     options.resources = resources.path();
     options.clock = [&seconds] { return seconds; };
     options.astcDecoding = loaders::AstcTexture::Decoding::GPU;
-    NivalisRenderer renderer(gl, scene, "nivalis", options, "day");
+    scenes::NivalisRenderer renderer(gl, scene, "nivalis", options, "day");
     const FrameTarget target{0, 640, 360};
 
     for (bool blurred : {false, true}) {

@@ -105,9 +105,12 @@ protected:
         r.writeVignetteModel({0, 0, 1, -1, -1, 0, 1, -1, 0, 1, 1, 0, -1, 1, 0},
                              {0, 1, 2, 0, 2, 3, 0, 3, 4, 0, 4, 1});
         table = {
-            {"Solid", {{UniformType::VERTEX, UniformDataType::FP32, 1}, {UniformType::FRAGMENT, UniformDataType::FP32, 1}}},
+            {"Solid",
+             {{uniforms::UniformType::VERTEX, uniforms::UniformDataType::FP32, 1},
+              {uniforms::UniformType::FRAGMENT, uniforms::UniformDataType::FP32, 1}}},
             {"Palette",
-             {{UniformType::VERTEX, UniformDataType::FP32, 1}, {UniformType::FRAGMENT, UniformDataType::TEXTURE, 0}}},
+             {{uniforms::UniformType::VERTEX, uniforms::UniformDataType::FP32, 1},
+              {uniforms::UniformType::FRAGMENT, uniforms::UniformDataType::TEXTURE, 0}}},
             {"Vignette", {}},
             {"FullscreenQuad", {}},
         };
@@ -157,7 +160,7 @@ protected:
     headless::HeadlessContext context;
     gl::EpoxyGl gl;
     RendererHarness h;
-    ShaderUniforms table;
+    uniforms::ShaderUniforms table;
     std::shared_ptr<DrawMeshState> solidState;
     std::unique_ptr<headless::OffscreenTarget> target;
     std::unique_ptr<test::TableRenderer> renderer;

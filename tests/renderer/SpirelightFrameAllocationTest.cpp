@@ -2,7 +2,7 @@
 // its meshless aircraft and point sprites, in both trees.
 #include <gtest/gtest.h>
 
-#include "renderer/SpirelightRenderer.h"
+#include "renderer/scenes/SpirelightRenderer.h"
 #include "scenes/spirelight/SpirelightScene.h"
 #include "tests/renderer/support/NullGl.h"
 #include "tests/renderer/support/SceneAssets.h"
@@ -15,7 +15,7 @@ using tests::support::allocationsDuring;
 
 TEST(SpirelightFrameAllocationTest, FramesAfterTheFirstAllocateNothing) {
     test::TestResources resources;
-    auto scene = std::make_shared<scenes::spirelight::SpirelightScene>();
+    auto scene = std::make_shared<::scenes::spirelight::SpirelightScene>();
     test::SceneAssets::write(*scene, resources, "spirelight");
     test::NullGl gl;
     double seconds = 10.0;
@@ -23,7 +23,7 @@ TEST(SpirelightFrameAllocationTest, FramesAfterTheFirstAllocateNothing) {
     options.resources = resources.path();
     options.clock = [&seconds] { return seconds; };
     options.astcDecoding = loaders::AstcTexture::Decoding::GPU;
-    SpirelightRenderer renderer(gl, scene, "spirelight", options);
+    scenes::SpirelightRenderer renderer(gl, scene, "spirelight", options);
     const FrameTarget target{0, 640, 360};
 
     // The first frame makes the pipelines and the chain (which the blurred tree shares).

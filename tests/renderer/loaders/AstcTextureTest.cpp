@@ -64,7 +64,8 @@ TEST_F(AstcTextureLoadTest, MipmappedTextureReadsOneFilePerLevelAndStopsAtTheCou
     writeSolid("caustics1_2.astc", 8, 8, 8, 8);
     writeSolid("caustics1_3.astc", 4, 4, 8, 8);
     writeSolid("caustics1_4.astc", 2, 2, 8, 8); // beyond the count: never read
-    const auto loaded = loaders::AstcTexture::loadMipmapped(gl, "caustics1", dir.path(), 3, loaders::AstcTexture::Decoding::GPU);
+    const auto loaded =
+        loaders::AstcTexture::loadMipmapped(gl, "caustics1", dir.path(), 3, loaders::AstcTexture::Decoding::GPU);
     EXPECT_EQ(loaded.levels, 4);
     EXPECT_EQ(loaded.width, 32);
     const auto t = std::to_string(loaded.texture);
@@ -87,7 +88,8 @@ TEST_F(AstcTextureLoadTest, MipLevelsRoundTheirRowLengthUp) {
     // is still short of the image its header claims, for both loaders.
     dir.write("short_0.astc", astcFile(10, 10, 4, 4, countingBytes(7 * 16)));
     dir.write("short.astc", astcFile(10, 10, 4, 4, countingBytes(7 * 16)));
-    EXPECT_THROW(loaders::AstcTexture::load(gl, "short", dir.path(), loaders::AstcTexture::Decoding::GPU), std::runtime_error);
+    EXPECT_THROW(loaders::AstcTexture::load(gl, "short", dir.path(), loaders::AstcTexture::Decoding::GPU),
+                 std::runtime_error);
     EXPECT_THROW(loaders::AstcTexture::loadMipmapped(gl, "short", dir.path(), 0, loaders::AstcTexture::Decoding::GPU),
                  std::runtime_error);
 }

@@ -6,6 +6,9 @@ namespace renderer::test {
 
 namespace {
 
+using uniforms::UniformDataType;
+using uniforms::UniformType;
+
 const char* QUAD_VERTEX = "in vec2 position; in vec2 uv;\n";
 const char* BLUR_FRAGMENT =
     "uniform sampler2D uFragmentTexture0;\nuniform vec2 uFragment1;\nuniform float uFragment2;\n";

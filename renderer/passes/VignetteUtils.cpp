@@ -1,9 +1,9 @@
-#include "renderer/VignetteUtils.h"
+#include "renderer/passes/VignetteUtils.h"
 
 #include "engine/commands/DrawMeshState.h"
 #include "renderer/SceneUtils.h"
 
-namespace renderer {
+namespace renderer::passes {
 
 const std::shared_ptr<engine::Shader>& VignetteUtils::shader() {
     static const auto SHADER = std::make_shared<engine::Shader>("");
@@ -48,4 +48,4 @@ RenderPipelineStateWithDepth VignetteUtils::makePipeline(gl::Gl& gl, ShaderFunct
     return pipeline;
 }
 
-} // namespace renderer
+} // namespace renderer::passes

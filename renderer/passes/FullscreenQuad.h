@@ -9,12 +9,12 @@
 #include "engine/Shader.h"
 #include "engine/VertexAttributesDescriptor.h"
 #include "engine/commands/DrawBlurredCommand.h"
-#include "renderer/GaussianBlurRenderPass.h"
+#include "renderer/passes/GaussianBlurRenderPass.h"
 #include "renderer/RenderPipelineStateWithDepth.h"
 #include "renderer/gl/Gl.h"
 #include "renderer/gpu/RenderEncoder.h"
 
-namespace renderer {
+namespace renderer::passes {
 
 /// Draws the result of a blur chain over the main pass as a full-screen triangle strip, mixed
 /// with the blending of the DrawBlurredCommand it was made for. One quad is made per command
@@ -54,4 +54,4 @@ public:
     GLuint sampler = 0;
 };
 
-} // namespace renderer
+} // namespace renderer::passes

@@ -1,18 +1,18 @@
-#include "renderer/SceneFactory.h"
+#include "renderer/scenes/SceneFactory.h"
 
 #include <algorithm>
 
 #include "engine/commands/MainPassCommand.h"
-#include "renderer/BetoniaRenderer.h"
-#include "renderer/ExampleRenderer.h"
-#include "renderer/NivalisRenderer.h"
-#include "renderer/SpirelightRenderer.h"
+#include "renderer/scenes/BetoniaRenderer.h"
+#include "renderer/scenes/ExampleRenderer.h"
+#include "renderer/scenes/NivalisRenderer.h"
+#include "renderer/scenes/SpirelightRenderer.h"
 #include "scenes/betonia/BetoniaScene.h"
 #include "scenes/example/ExampleScene.h"
 #include "scenes/nivalis/NivalisScene.h"
 #include "scenes/spirelight/SpirelightScene.h"
 
-namespace renderer {
+namespace renderer::scenes {
 
 std::string SceneFactory::known(std::string_view name) {
     return std::string(std::ranges::find(NAMES, name) != NAMES.end() ? name : NAMES.front());
@@ -21,17 +21,17 @@ std::string SceneFactory::known(std::string_view name) {
 std::shared_ptr<engine::Scene> SceneFactory::makeScene(std::string_view name) {
     const std::string chosen = known(name);
     if (chosen == "spirelight") {
-        return std::make_shared<scenes::spirelight::SpirelightScene>();
+        return std::make_shared<::scenes::spirelight::SpirelightScene>();
     }
     if (chosen == "betonia") {
-        return std::make_shared<scenes::betonia::BetoniaScene>();
+        return std::make_shared<::scenes::betonia::BetoniaScene>();
     }
     if (chosen == "example") {
-        auto scene = std::make_shared<scenes::example::ExampleScene>();
+        auto scene = std::make_shared<::scenes::example::ExampleScene>();
         scene->commands = {std::make_shared<engine::commands::MainPassCommand>(true, scene->commands)};
         return scene;
     }
-    return std::make_shared<scenes::nivalis::NivalisScene>();
+    return std::make_shared<::scenes::nivalis::NivalisScene>();
 }
 
 std::unique_ptr<SceneRenderer> SceneFactory::makeRenderer(gl::Gl& gl, std::string_view name,
@@ -55,11 +55,11 @@ void SceneFactory::applySettings(engine::Scene& scene, bool vignette, float came
         settings.vignette = vignette;
         settings.cameraPeriod = cameraPeriod;
     };
-    if (auto* nivalis = dynamic_cast<scenes::nivalis::NivalisScene*>(&scene)) {
+    if (auto* nivalis = dynamic_cast<::scenes::nivalis::NivalisScene*>(&scene)) {
         write(nivalis->settings);
-    } else if (auto* spirelight = dynamic_cast<scenes::spirelight::SpirelightScene*>(&scene)) {
+    } else if (auto* spirelight = dynamic_cast<::scenes::spirelight::SpirelightScene*>(&scene)) {
         write(spirelight->settings);
-    } else if (auto* betonia = dynamic_cast<scenes::betonia::BetoniaScene*>(&scene)) {
+    } else if (auto* betonia = dynamic_cast<::scenes::betonia::BetoniaScene*>(&scene)) {
         write(betonia->settings);
     }
 }
@@ -72,13 +72,13 @@ void SceneFactory::startOnPath(engine::Scene& scene, int path) {
             camera.updateCurrentCamera();
         }
     };
-    if (auto* nivalis = dynamic_cast<scenes::nivalis::NivalisScene*>(&scene)) {
+    if (auto* nivalis = dynamic_cast<::scenes::nivalis::NivalisScene*>(&scene)) {
         start(nivalis->cameraAnimator);
-    } else if (auto* spirelight = dynamic_cast<scenes::spirelight::SpirelightScene*>(&scene)) {
+    } else if (auto* spirelight = dynamic_cast<::scenes::spirelight::SpirelightScene*>(&scene)) {
         start(spirelight->cameraAnimator);
-    } else if (auto* betonia = dynamic_cast<scenes::betonia::BetoniaScene*>(&scene)) {
+    } else if (auto* betonia = dynamic_cast<::scenes::betonia::BetoniaScene*>(&scene)) {
         start(betonia->cameraAnimator);
     }
 }
 
-} // namespace renderer
+} // namespace renderer::scenes

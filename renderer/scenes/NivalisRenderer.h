@@ -6,7 +6,7 @@
 #include "engine/utils/DynamicTimeOfDay.h"
 #include "renderer/SceneRenderer.h"
 
-namespace renderer {
+namespace renderer::scenes {
 
 /// The renderer of the Nivalis scene, the one the desktop host makes. Besides its uniform table
 /// it keeps the scene at the time of day: the host's choice ("auto" follows the wall clock)
@@ -28,9 +28,9 @@ public:
     /// The rows "Vignette", "FullscreenQuad", "Diffuse", "Color", "ColorAnimatedTextureChunked",
     /// "Palette", "SkyDither", "DiffuseAnimatedTextureChunked", "Cloud", "CausticsWater" and
     /// "DiffuseZFog"; one table shared by all instances.
-    const ShaderUniforms& shaderUniforms() const override;
+    const uniforms::ShaderUniforms& shaderUniforms() const override;
     /// The same table, without an instance.
-    static const ShaderUniforms& uniforms();
+    static const uniforms::ShaderUniforms& uniforms();
 
     /// Brings the time of day up to date and writes it into the scene's settings: Day -> Day,
     /// Night -> Night, Dawn -> Sunrise, Dusk -> Sunset (anything else Day); nothing when no
@@ -40,4 +40,4 @@ public:
     engine::utils::DynamicTimeOfDay dynamicTimeOfDay;
 };
 
-} // namespace renderer
+} // namespace renderer::scenes

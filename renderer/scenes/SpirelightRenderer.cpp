@@ -1,8 +1,8 @@
-#include "renderer/SpirelightRenderer.h"
+#include "renderer/scenes/SpirelightRenderer.h"
 
-#include "renderer/SpirelightUniforms.h"
+#include "renderer/scenes/SpirelightUniforms.h"
 
-namespace renderer {
+namespace renderer::scenes {
 
 SpirelightRenderer::SpirelightRenderer(gl::Gl& gl_, std::shared_ptr<engine::Scene> scene_,
                                        std::string resourcesRoot_, Options options_)
@@ -12,6 +12,6 @@ SpirelightRenderer::SpirelightRenderer(gl::Gl& gl_, std::shared_ptr<engine::Scen
     gl.enable(GL_PROGRAM_POINT_SIZE);
 }
 
-const ShaderUniforms& SpirelightRenderer::shaderUniforms() const { return SpirelightUniforms::table(); }
+const uniforms::ShaderUniforms& SpirelightRenderer::shaderUniforms() const { return SpirelightUniforms::table(); }
 
-} // namespace renderer
+} // namespace renderer::scenes

@@ -10,7 +10,7 @@
 #include "renderer/ShaderFunctions.h"
 #include "renderer/gl/Gl.h"
 
-namespace renderer {
+namespace renderer::passes {
 
 /// The constant descriptions of the vignette, each made once at first use, and the builder of
 /// its pipeline. The vignette is one fixed mesh ("models/vignette-round-vntao" at the top of the
@@ -38,4 +38,4 @@ public:
     static RenderPipelineStateWithDepth makePipeline(gl::Gl& gl, ShaderFunctions& functions);
 };
 
-} // namespace renderer
+} // namespace renderer::passes

@@ -1,10 +1,14 @@
-#include "renderer/SpirelightUniforms.h"
+#include "renderer/scenes/SpirelightUniforms.h"
 
-#include "renderer/UniformTables.h"
+#include "renderer/uniforms/UniformTables.h"
 
-namespace renderer {
+namespace renderer::scenes {
 
 namespace {
+
+using uniforms::Uniform;
+using uniforms::UniformDataType;
+using uniforms::UniformType;
 
 constexpr Uniform vertex(UniformDataType type, int index) { return {UniformType::VERTEX, type, index}; }
 constexpr Uniform fragment(UniformDataType type, int index) { return {UniformType::FRAGMENT, type, index}; }
@@ -19,13 +23,13 @@ std::vector<Uniform> pointSprites() {
 
 } // namespace
 
-const ShaderUniforms& SpirelightUniforms::table() {
-    static const ShaderUniforms TABLE = {
-        {"Vignette", UniformTables::vignette()},
-        {"FullscreenQuad", UniformTables::fullscreenQuad()},
-        {"Diffuse", UniformTables::diffuse()},
-        {"SkyDither", UniformTables::skyDither()},
-        {"Color", UniformTables::color()},
+const uniforms::ShaderUniforms& SpirelightUniforms::table() {
+    static const uniforms::ShaderUniforms TABLE = {
+        {"Vignette", uniforms::UniformTables::vignette()},
+        {"FullscreenQuad", uniforms::UniformTables::fullscreenQuad()},
+        {"Diffuse", uniforms::UniformTables::diffuse()},
+        {"SkyDither", uniforms::UniformTables::skyDither()},
+        {"Color", uniforms::UniformTables::color()},
         {"Building",
          {vertex(FP32, 1), vertex(FP32, 2), fragment(FP32, 1), fragment(FP32, 2), fragment(FP32, 3),
           fragment(TEXTURE, 0), fragment(TEXTURE, 1), fragment(TEXTURE, 2), fragment(FP16, 4), fragment(FP16, 5),
@@ -38,4 +42,4 @@ const ShaderUniforms& SpirelightUniforms::table() {
     return TABLE;
 }
 
-} // namespace renderer
+} // namespace renderer::scenes

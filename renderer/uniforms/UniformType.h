@@ -3,7 +3,7 @@
 #include <iterator>
 #include <string_view>
 
-namespace renderer {
+namespace renderer::uniforms {
 
 /// The shader stage that a uniform is handed to.
 enum class UniformType : int {
@@ -18,4 +18,4 @@ inline std::string_view toString(UniformType value) {
     return index < std::size(names) ? names[index] : std::string_view{};
 }
 
-} // namespace renderer
+} // namespace renderer::uniforms

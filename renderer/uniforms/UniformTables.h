@@ -2,9 +2,9 @@
 
 #include <vector>
 
-#include "renderer/Uniform.h"
+#include "renderer/uniforms/Uniform.h"
 
-namespace renderer {
+namespace renderer::uniforms {
 
 /// The rows of the uniform tables, by shader name, as the scene renderers put them together.
 /// Each call builds a new row; a renderer's table holds rows of its own.
@@ -26,4 +26,4 @@ public:
     static std::vector<Uniform> water();
 };
 
-} // namespace renderer
+} // namespace renderer::uniforms

@@ -5,7 +5,7 @@
 
 #include "renderer/SceneRenderer.h"
 
-namespace renderer {
+namespace renderer::scenes {
 
 /// The renderer of the Example scene: SceneRenderer with the scene's uniform table.
 class ExampleRenderer : public SceneRenderer {
@@ -14,9 +14,9 @@ public:
 
     /// The rows "Vignette", "FullscreenQuad", "Diffuse", "Color", "ColorAnimatedTextureChunked" and
     /// "Water"; one table shared by all instances.
-    const ShaderUniforms& shaderUniforms() const override;
+    const uniforms::ShaderUniforms& shaderUniforms() const override;
     /// The same table, without an instance.
-    static const ShaderUniforms& uniforms();
+    static const uniforms::ShaderUniforms& uniforms();
 };
 
-} // namespace renderer
+} // namespace renderer::scenes

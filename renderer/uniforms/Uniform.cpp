@@ -1,8 +1,8 @@
-#include "renderer/Uniform.h"
+#include "renderer/uniforms/Uniform.h"
 
 #include "engine/common/Hash.h"
 
-namespace renderer {
+namespace renderer::uniforms {
 
 std::size_t Uniform::hash() const {
     std::size_t seed = 0;
@@ -13,8 +13,8 @@ std::size_t Uniform::hash() const {
 }
 
 std::string Uniform::toString() const {
-    return "Uniform(type=" + std::string(renderer::toString(type)) +
-           ", dataType=" + std::string(renderer::toString(dataType)) + ", index=" + std::to_string(index) + ")";
+    return "Uniform(type=" + std::string(uniforms::toString(type)) +
+           ", dataType=" + std::string(uniforms::toString(dataType)) + ", index=" + std::to_string(index) + ")";
 }
 
-} // namespace renderer
+} // namespace renderer::uniforms

@@ -1,4 +1,4 @@
-#include "renderer/FullscreenQuad.h"
+#include "renderer/passes/FullscreenQuad.h"
 
 #include <stdexcept>
 
@@ -8,7 +8,7 @@
 #include "renderer/ShaderFunctions.h"
 #include "renderer/ShaderLibrary.h"
 
-namespace renderer {
+namespace renderer::passes {
 
 FullscreenQuad::FullscreenQuad(std::shared_ptr<engine::commands::DrawBlurredCommand> command_, gl::Gl& gl_)
     : gl(gl_), command(std::move(command_)) {
@@ -65,4 +65,4 @@ void FullscreenQuad::draw(GLuint texture, gpu::RenderEncoder& encoder) {
     encoder.drawPrimitives(GL_TRIANGLE_STRIP, 0, 4);
 }
 
-} // namespace renderer
+} // namespace renderer::passes

@@ -5,10 +5,10 @@
 #include <functional>
 #include <string>
 
-#include "renderer/UniformDataType.h"
-#include "renderer/UniformType.h"
+#include "renderer/uniforms/UniformDataType.h"
+#include "renderer/uniforms/UniformType.h"
 
-namespace renderer {
+namespace renderer::uniforms {
 
 /// Where the i-th value of a draw's `uniforms` goes: the stage, the element type and the slot of
 /// that stage (a buffer slot for numbers, a texture slot for textures). Vertex buffer slot 0
@@ -33,8 +33,8 @@ public:
     std::string toString() const;
 };
 
-} // namespace renderer
+} // namespace renderer::uniforms
 
-template <> struct std::hash<renderer::Uniform> {
-    std::size_t operator()(const renderer::Uniform& value) const { return value.hash(); }
+template <> struct std::hash<renderer::uniforms::Uniform> {
+    std::size_t operator()(const renderer::uniforms::Uniform& value) const { return value.hash(); }
 };

@@ -5,7 +5,7 @@
 
 #include "renderer/SceneRenderer.h"
 
-namespace renderer {
+namespace renderer::scenes {
 
 /// The renderer of the Spirelight scene, the night city: SceneRenderer with the scene's uniform
 /// table (SpirelightUniforms). Its aircraft and red lights are point sprites whose size the
@@ -20,7 +20,7 @@ public:
                        Options options);
 
     /// The table of SpirelightUniforms.
-    const ShaderUniforms& shaderUniforms() const override;
+    const uniforms::ShaderUniforms& shaderUniforms() const override;
 };
 
-} // namespace renderer
+} // namespace renderer::scenes

@@ -5,7 +5,7 @@
 
 #include "renderer/SceneRenderer.h"
 
-namespace renderer {
+namespace renderer::scenes {
 
 /// The renderer of the Betonia scene: SceneRenderer with the scene's uniform table. Its clock marker
 /// (DrawClockCommand) is passed over by the walk; the host draws the clock.
@@ -14,9 +14,9 @@ public:
     BetoniaRenderer(gl::Gl& gl, std::shared_ptr<engine::Scene> scene, std::string resourcesRoot, Options options);
 
     /// The rows "Vignette", "FullscreenQuad" and "Diffuse"; one table shared by all instances.
-    const ShaderUniforms& shaderUniforms() const override;
+    const uniforms::ShaderUniforms& shaderUniforms() const override;
     /// The same table, without an instance.
-    static const ShaderUniforms& uniforms();
+    static const uniforms::ShaderUniforms& uniforms();
 };
 
-} // namespace renderer
+} // namespace renderer::scenes

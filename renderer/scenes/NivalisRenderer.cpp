@@ -1,24 +1,24 @@
-#include "renderer/NivalisRenderer.h"
+#include "renderer/scenes/NivalisRenderer.h"
 
 #include "renderer/Fatal.h"
-#include "renderer/UniformTables.h"
+#include "renderer/uniforms/UniformTables.h"
 #include "scenes/nivalis/NivalisScene.h"
 
-namespace renderer {
+namespace renderer::scenes {
 
-const ShaderUniforms& NivalisRenderer::uniforms() {
-    static const ShaderUniforms TABLE = {
-        {"Vignette", UniformTables::vignette()},
-        {"FullscreenQuad", UniformTables::fullscreenQuad()},
-        {"Diffuse", UniformTables::diffuse()},
-        {"Color", UniformTables::color()},
-        {"ColorAnimatedTextureChunked", UniformTables::colorAnimatedTextureChunked()},
-        {"Palette", UniformTables::palette()},
-        {"SkyDither", UniformTables::skyDither()},
-        {"DiffuseAnimatedTextureChunked", UniformTables::diffuseAnimatedTextureChunked()},
-        {"Cloud", UniformTables::cloud()},
-        {"CausticsWater", UniformTables::causticsWater()},
-        {"DiffuseZFog", UniformTables::diffuseZFog()},
+const uniforms::ShaderUniforms& NivalisRenderer::uniforms() {
+    static const uniforms::ShaderUniforms TABLE = {
+        {"Vignette", uniforms::UniformTables::vignette()},
+        {"FullscreenQuad", uniforms::UniformTables::fullscreenQuad()},
+        {"Diffuse", uniforms::UniformTables::diffuse()},
+        {"Color", uniforms::UniformTables::color()},
+        {"ColorAnimatedTextureChunked", uniforms::UniformTables::colorAnimatedTextureChunked()},
+        {"Palette", uniforms::UniformTables::palette()},
+        {"SkyDither", uniforms::UniformTables::skyDither()},
+        {"DiffuseAnimatedTextureChunked", uniforms::UniformTables::diffuseAnimatedTextureChunked()},
+        {"Cloud", uniforms::UniformTables::cloud()},
+        {"CausticsWater", uniforms::UniformTables::causticsWater()},
+        {"DiffuseZFog", uniforms::UniformTables::diffuseZFog()},
     };
     return TABLE;
 }
@@ -32,7 +32,7 @@ NivalisRenderer::NivalisRenderer(gl::Gl& gl_, std::shared_ptr<engine::Scene> sce
     updateDynamicTimeOfDay();
 }
 
-const ShaderUniforms& NivalisRenderer::shaderUniforms() const { return uniforms(); }
+const uniforms::ShaderUniforms& NivalisRenderer::shaderUniforms() const { return uniforms(); }
 
 void NivalisRenderer::updateDynamicTimeOfDay() {
     dynamicTimeOfDay.updateTimeOfDay();
@@ -41,7 +41,7 @@ void NivalisRenderer::updateDynamicTimeOfDay() {
         return;
     }
     using Engine = engine::utils::TimeOfDay;
-    using Scene = scenes::nivalis::TimeOfDay;
+    using Scene = ::scenes::nivalis::TimeOfDay;
     Scene mapped = Scene::Day;
     if (*current == Engine::Day) {
         mapped = Scene::Day;
@@ -52,11 +52,11 @@ void NivalisRenderer::updateDynamicTimeOfDay() {
     } else if (*current == Engine::Dusk) {
         mapped = Scene::Sunset;
     }
-    auto* nivalis = dynamic_cast<scenes::nivalis::NivalisScene*>(scene.get());
+    auto* nivalis = dynamic_cast<::scenes::nivalis::NivalisScene*>(scene.get());
     if (nivalis == nullptr) {
         Fatal::stop("The scene of a NivalisRenderer is no NivalisScene");
     }
     nivalis->settings.timeOfDay = mapped;
 }
 
-} // namespace renderer
+} // namespace renderer::scenes

@@ -15,7 +15,7 @@
 #include "renderer/gpu/RenderEncoder.h"
 #include "renderer/gpu/RenderPassDescriptor.h"
 
-namespace renderer {
+namespace renderer::passes {
 
 /// One blur chain: part of the tree is drawn into a small 4-sample target, resolved into
 /// `textureOffscreenBlurPass1`, blurred horizontally into `textureOffscreenBlurPass2` and
@@ -108,4 +108,4 @@ private:
                   const gpu::RenderPassDescriptor& descriptor, const std::string& label, GLuint source);
 };
 
-} // namespace renderer
+} // namespace renderer::passes

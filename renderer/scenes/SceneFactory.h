@@ -8,7 +8,7 @@
 #include "engine/Scene.h"
 #include "renderer/SceneRenderer.h"
 
-namespace renderer {
+namespace renderer::scenes {
 
 /// The four scenes by name, and the renderer that goes with each: the one place that knows which
 /// scene class, renderer class and resources folder a name means. Hosts and tools pick a scene
@@ -40,4 +40,4 @@ public:
     static void startOnPath(engine::Scene& scene, int path);
 };
 
-} // namespace renderer
+} // namespace renderer::scenes

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "renderer/ShaderUniforms.h"
+#include "renderer/uniforms/ShaderUniforms.h"
 
-namespace renderer {
+namespace renderer::scenes {
 
 /// The uniform table of the Spirelight scene: where each value of its draws goes, by shader name.
 /// "Diffuse", "SkyDither" and "Color" share their rows (and their GLSL) with the other scenes;
@@ -27,7 +27,7 @@ public:
     SpirelightUniforms() = delete;
 
     /// The table, made once and shared by every SpirelightRenderer.
-    static const ShaderUniforms& table();
+    static const uniforms::ShaderUniforms& table();
 };
 
-} // namespace renderer
+} // namespace renderer::scenes

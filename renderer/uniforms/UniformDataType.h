@@ -3,7 +3,7 @@
 #include <iterator>
 #include <string_view>
 
-namespace renderer {
+namespace renderer::uniforms {
 
 /// The element type in which a uniform reaches its shader. The tables use FP32, FP16, INT32 and
 /// TEXTURE; for float values every type but FP32 means half floats, for integer values every
@@ -29,4 +29,4 @@ inline std::string_view toString(UniformDataType value) {
     return index < std::size(names) ? names[index] : std::string_view{};
 }
 
-} // namespace renderer
+} // namespace renderer::uniforms

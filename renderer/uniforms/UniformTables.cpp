@@ -1,6 +1,6 @@
-#include "renderer/UniformTables.h"
+#include "renderer/uniforms/UniformTables.h"
 
-namespace renderer {
+namespace renderer::uniforms {
 
 namespace {
 
@@ -50,4 +50,4 @@ std::vector<Uniform> UniformTables::diffuseZFog() {
 
 std::vector<Uniform> UniformTables::water() { return {vertex(FP32, 1), fragment(FP16, 1), vertex(FP32, 2)}; }
 
-} // namespace renderer
+} // namespace renderer::uniforms

@@ -1,4 +1,4 @@
-#include "renderer/GaussianBlurRenderPass.h"
+#include "renderer/passes/GaussianBlurRenderPass.h"
 
 #include <cmath>
 #include <stdexcept>
@@ -9,7 +9,7 @@
 #include "renderer/SceneUtils.h"
 #include "renderer/ShaderFunctions.h"
 
-namespace renderer {
+namespace renderer::passes {
 
 namespace {
 
@@ -209,4 +209,4 @@ void GaussianBlurRenderPass::blurPass(gpu::RenderEncoder& encoder, const RenderP
     encoder.end();
 }
 
-} // namespace renderer
+} // namespace renderer::passes

@@ -4,9 +4,9 @@
 #include <unordered_map>
 #include <vector>
 
-#include "renderer/Uniform.h"
+#include "renderer/uniforms/Uniform.h"
 
-namespace renderer {
+namespace renderer::uniforms {
 
 /// A renderer's uniform table: for each shader name, where each value of a draw goes. Row i
 /// describes element i of `DrawMeshCommand::uniforms`, so the order of a draw's values and the
@@ -14,4 +14,4 @@ namespace renderer {
 /// uniforms still has a (possibly empty) row.
 using ShaderUniforms = std::unordered_map<std::string, std::vector<Uniform>>;
 
-} // namespace renderer
+} // namespace renderer::uniforms
