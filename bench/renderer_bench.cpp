@@ -16,8 +16,8 @@
 
 #include "engine/commands/ClearCommand.h"
 #include "engine/commands/MainPassCommand.h"
-#include "renderer/NivalisRenderer.h"
-#include "renderer/SpirelightRenderer.h"
+#include "renderer/scenes/NivalisRenderer.h"
+#include "renderer/scenes/SpirelightRenderer.h"
 #include "renderer/gl/EpoxyGl.h"
 #include "renderer/headless/HeadlessContext.h"
 #include "renderer/headless/OffscreenTarget.h"
@@ -33,10 +33,10 @@
 namespace {
 
 using renderer::FrameTarget;
-using renderer::NivalisRenderer;
 using renderer::SceneRenderer;
-using renderer::ShaderUniforms;
 using renderer::gl::Gl;
+using renderer::scenes::NivalisRenderer;
+using renderer::uniforms::ShaderUniforms;
 
 /// Forwards every call to another Gl and counts the calls by kind.
 class CountingGl final : public Gl {
@@ -267,7 +267,7 @@ void BM_SpirelightFrame(benchmark::State& state) {
     auto scene = std::make_shared<scenes::spirelight::SpirelightScene>();
     scene->settings.blurred = state.range(0) != 0;
     CountingGl counting(shared->gl);
-    renderer::SpirelightRenderer renderer(counting, scene, "spirelight", options(seconds));
+    renderer::scenes::SpirelightRenderer renderer(counting, scene, "spirelight", options(seconds));
     measureFrames(state, *shared, counting, renderer, seconds);
 }
 BENCHMARK(BM_SpirelightFrame)->Arg(0)->Arg(1)->ArgName("blurred")->Unit(benchmark::kMicrosecond);
@@ -293,7 +293,7 @@ void BM_NivalisFrameWithoutDriver(benchmark::State& state) {
     double seconds = 30.0;
     auto scene = std::make_shared<scenes::nivalis::NivalisScene>();
     auto opts = options(seconds);
-    opts.astcDecoding = renderer::AstcTexture::Decoding::GPU;
+    opts.astcDecoding = renderer::loaders::AstcTexture::Decoding::GPU;
     NivalisRenderer renderer(null, scene, "nivalis", opts, "day");
     const FrameTarget frame{0, 1, 1};
     renderer.drawFrame(frame);

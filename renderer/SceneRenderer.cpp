@@ -4,7 +4,7 @@
 #include <chrono>
 
 #include "renderer/Fatal.h"
-#include "renderer/HalfFloat.h"
+#include "renderer/loaders/HalfFloat.h"
 #include "renderer/SceneUtils.h"
 
 namespace renderer {
@@ -38,7 +38,7 @@ SceneRenderer::SceneRenderer(gl::Gl& gl_, std::shared_ptr<engine::Scene> scene_,
 }
 
 SceneRenderer::SceneRenderer(gl::Gl& gl_, std::shared_ptr<engine::Scene> scene_, std::string resourcesRoot_,
-                             Options options_, const ShaderUniforms& uniforms)
+                             Options options_, const uniforms::ShaderUniforms& uniforms)
     : gl(gl_), scene(std::move(scene_)), resourcesRoot(std::move(resourcesRoot_)), options(std::move(options_)),
       encoder(gl_), uniforms_(&uniforms) {
     start();
@@ -62,7 +62,7 @@ void SceneRenderer::start() {
     scene->loaded = true;
 }
 
-const ShaderUniforms& SceneRenderer::shaderUniforms() const { Fatal::stop("Not implemented"); }
+const uniforms::ShaderUniforms& SceneRenderer::shaderUniforms() const { Fatal::stop("Not implemented"); }
 
 double SceneRenderer::now() const {
     if (options.clock) {
@@ -147,11 +147,12 @@ void SceneRenderer::processBlurredPass(const BlurredPassCommand& pass) {
     auto found = blurredPassesCache.find(pass.id);
     if (found == blurredPassesCache.end()) {
         const float aspect = static_cast<float>(scene->viewportWidth) / static_cast<float>(scene->viewportHeight);
-        auto chain = std::make_unique<GaussianBlurRenderPass>(pass.minSize, gl, pass.name, aspect, options.resources);
+        auto chain =
+            std::make_unique<passes::GaussianBlurRenderPass>(pass.minSize, gl, pass.name, aspect, options.resources);
         chain->createTextures();
         found = blurredPassesCache.emplace(pass.id, std::move(chain)).first;
     }
-    GaussianBlurRenderPass& chain = *found->second;
+    passes::GaussianBlurRenderPass& chain = *found->second;
     activeBlurredPass = &chain;
 
     int kernel = 0;
@@ -215,7 +216,7 @@ void SceneRenderer::drawMesh(const DrawMeshCommand& command, gpu::RenderEncoder&
         encoder_.drawPrimitives(primitive, 0, std::max<GLsizei>(1, command.primitiveCount));
         return;
     }
-    const FullModel& model = models[static_cast<std::size_t>(meshId)];
+    const loaders::FullModel& model = models[static_cast<std::size_t>(meshId)];
     if (model.vertexBuffer() != 0) {
         encoder_.setVertexBuffer(model.vertexBuffer());
     }
@@ -239,10 +240,10 @@ void SceneRenderer::drawVignette(const VignetteCommand& command, gpu::RenderEnco
     const engine::math::Vec4* colors[] = {&command.color0, &command.color1};
     std::array<std::uint16_t, 4>* halves[] = {&colorVignette0_fp16, &colorVignette1_fp16};
     for (int i = 0; i < 2; ++i) {
-        (*halves[i])[0] = HalfFloat::fromFloat(colors[i]->r());
-        (*halves[i])[1] = HalfFloat::fromFloat(colors[i]->g());
-        (*halves[i])[2] = HalfFloat::fromFloat(colors[i]->b());
-        (*halves[i])[3] = HalfFloat::fromFloat(colors[i]->a());
+        (*halves[i])[0] = loaders::HalfFloat::fromFloat(colors[i]->r());
+        (*halves[i])[1] = loaders::HalfFloat::fromFloat(colors[i]->g());
+        (*halves[i])[2] = loaders::HalfFloat::fromFloat(colors[i]->b());
+        (*halves[i])[3] = loaders::HalfFloat::fromFloat(colors[i]->a());
     }
     if (!vignettePipelineStateWithDepth) {
         Fatal::stop("Vignette pipeline state is not available");
@@ -268,7 +269,7 @@ void SceneRenderer::drawBlurred(const std::shared_ptr<Command>& command, gpu::Re
     const auto& blurred = static_cast<const DrawBlurredCommand&>(*command);
     auto found = fullscreenQuadsCache.find(blurred.id);
     if (found == fullscreenQuadsCache.end()) {
-        auto quad = std::make_unique<FullscreenQuad>(std::static_pointer_cast<DrawBlurredCommand>(command), gl);
+        auto quad = std::make_unique<passes::FullscreenQuad>(std::static_pointer_cast<DrawBlurredCommand>(command), gl);
         quad->createVertexBuffer();
         quad->makePipeline(options.resources);
         found = fullscreenQuadsCache.emplace(blurred.id, std::move(quad)).first;

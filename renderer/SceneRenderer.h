@@ -18,14 +18,14 @@
 #include "engine/commands/DrawMeshState.h"
 #include "engine/commands/MainPassCommand.h"
 #include "engine/commands/VignetteCommand.h"
-#include "renderer/AstcTexture.h"
+#include "renderer/loaders/AstcTexture.h"
 #include "renderer/FrameTarget.h"
-#include "renderer/FullModel.h"
-#include "renderer/FullscreenQuad.h"
-#include "renderer/GaussianBlurRenderPass.h"
+#include "renderer/loaders/FullModel.h"
+#include "renderer/passes/FullscreenQuad.h"
+#include "renderer/passes/GaussianBlurRenderPass.h"
 #include "renderer/RenderPipelineStateWithDepth.h"
 #include "renderer/ShaderFunctions.h"
-#include "renderer/ShaderUniforms.h"
+#include "renderer/uniforms/ShaderUniforms.h"
 #include "renderer/assets/AssetTable.h"
 #include "renderer/draw/StateFilter.h"
 #include "renderer/draw/UniformStaging.h"
@@ -81,7 +81,7 @@ public:
         /// process's steady clock.
         std::function<double()> clock;
         /// Where ASTC textures are decoded.
-        AstcTexture::Decoding astcDecoding = AstcTexture::Decoding::AUTO;
+        loaders::AstcTexture::Decoding astcDecoding = loaders::AstcTexture::Decoding::AUTO;
         /// What the main pass's attachments start with when no ClearCommand raises them: the
         /// host's choice, by default a clear to opaque black and a depth of 1.
         gpu::LoadAction viewColorLoadAction = gpu::LoadAction::CLEAR;
@@ -111,7 +111,7 @@ public:
 
     /// The uniform table of the renderer's scene, by shader name. The base has none and stops
     /// the process with "Not implemented".
-    virtual const ShaderUniforms& shaderUniforms() const;
+    virtual const uniforms::ShaderUniforms& shaderUniforms() const;
 
     // ---- Start-up steps ---------------------------------------------------------------------
 
@@ -186,13 +186,13 @@ public:
     /// Vignette colours as half floats, r, g, b, a.
     std::array<std::uint16_t, 4> colorVignette0_fp16{};
     std::array<std::uint16_t, 4> colorVignette1_fp16{};
-    std::vector<FullModel>& models = assets.models;
+    std::vector<loaders::FullModel>& models = assets.models;
     std::vector<GLuint>& textures = assets.textures;
     std::vector<GLuint>& samplers = assets.samplers;
     std::vector<std::shared_ptr<ShaderFunctions>>& shaders = assets.shaders;
     /// The uniform table in use.
-    const ShaderUniforms* shadersUniforms = nullptr;
-    std::optional<FullModel>& fmVignette = assets.fmVignette;
+    const uniforms::ShaderUniforms* shadersUniforms = nullptr;
+    std::optional<loaders::FullModel>& fmVignette = assets.fmVignette;
     std::optional<RenderPipelineStateWithDepth>& vignettePipelineStateWithDepth = assets.vignettePipelineStateWithDepth;
     std::array<float, STAGING_SIZE>& valueFp32 = uniformStaging.valueFp32;
     std::array<std::uint16_t, STAGING_SIZE>& valueFp16 = uniformStaging.valueFp16;
@@ -201,11 +201,11 @@ public:
     /// Pipelines by the identity of the draw state.
     std::unordered_map<std::shared_ptr<engine::commands::DrawMeshState>, RenderPipelineStateWithDepth> pipelinesCache;
     /// Quads by DrawBlurredCommand id.
-    std::map<std::int32_t, std::unique_ptr<FullscreenQuad>> fullscreenQuadsCache;
+    std::map<std::int32_t, std::unique_ptr<passes::FullscreenQuad>> fullscreenQuadsCache;
     /// Blur chains by BlurredPassCommand id; kept for good, also when the viewport changes.
-    std::map<std::int32_t, std::unique_ptr<GaussianBlurRenderPass>> blurredPassesCache;
+    std::map<std::int32_t, std::unique_ptr<passes::GaussianBlurRenderPass>> blurredPassesCache;
     /// The chain that ran last.
-    GaussianBlurRenderPass* activeBlurredPass = nullptr;
+    passes::GaussianBlurRenderPass* activeBlurredPass = nullptr;
     std::shared_ptr<engine::commands::DrawMeshState>& activeState = stateFilter.activeState;
     const gpu::DepthStencilState*& activeDepthStencilState = stateFilter.activeDepthStencilState;
     std::array<GLuint, SLOTS>& activeFragmentTextures = stateFilter.activeFragmentTextures;
@@ -223,13 +223,13 @@ protected:
     /// A renderer whose uniform table is `uniforms`: the constructor of the scene renderers,
     /// which also return that table from `shaderUniforms`.
     SceneRenderer(gl::Gl& gl, std::shared_ptr<engine::Scene> scene, std::string resourcesRoot, Options options,
-                  const ShaderUniforms& uniforms);
+                  const uniforms::ShaderUniforms& uniforms);
 
 private:
     void start();
     double now() const;
 
-    const ShaderUniforms* uniforms_ = nullptr;
+    const uniforms::ShaderUniforms* uniforms_ = nullptr;
     int presents_ = 0;
 };
 

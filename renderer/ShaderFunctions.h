@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "renderer/ShaderLibrary.h"
-#include "renderer/Uniform.h"
+#include "renderer/uniforms/Uniform.h"
 #include "renderer/gl/Gl.h"
 #include "renderer/gpu/ShaderProgram.h"
 
@@ -27,7 +27,7 @@ public:
     /// Source of the fragment stage.
     std::string fragmentFunction;
     /// Always empty: the uniform tables of the renderers say where values go.
-    std::vector<Uniform> uniformTypes;
+    std::vector<uniforms::Uniform> uniformTypes;
 
     /// The linked program, linking it on the first call. Null, with the compiler's or linker's
     /// words in `log`, when the sources do not build.

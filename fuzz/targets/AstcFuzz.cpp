@@ -5,7 +5,7 @@
 #include <span>
 #include <stdexcept>
 
-#include "renderer/AstcTexture.h"
+#include "renderer/loaders/AstcTexture.h"
 #include "renderer/textures/AstcDecoder.h"
 #include "renderer/textures/AstcFormat.h"
 #include "renderer/textures/AstcInfo.h"
@@ -18,7 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const auto format = textures::AstcFormat::forBlockSize(info.blockWidth, info.blockHeight);
         const auto blocks = file.subspan(textures::AstcInfo::HEADER_SIZE);
         const auto rowBytes = static_cast<std::size_t>(format.blocksAcross(info.width)) * 16;
-        const auto level = AstcTexture::levelBlocks(blocks, format, info.width, info.height, rowBytes, "fuzz");
+        const auto level = loaders::AstcTexture::levelBlocks(blocks, format, info.width, info.height, rowBytes, "fuzz");
         const auto pixels = textures::AstcDecoder::decode(level, format, info.width, info.height);
         if (pixels.size() != static_cast<std::size_t>(info.width) * static_cast<std::size_t>(info.height) * 4) {
             __builtin_trap();

@@ -6,7 +6,7 @@
 #include <cstring>
 #include <stdexcept>
 
-#include "renderer/HalfFloat.h"
+#include "renderer/loaders/HalfFloat.h"
 #include "renderer/textures/Fp16Texture.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -32,7 +32,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (std::size_t at = 4; at + 1 < 4 + needed; at += 2) {
         std::uint16_t half = 0;
         std::memcpy(&half, data + at, 2);
-        sum += renderer::HalfFloat::toFloat(half);
+        sum += renderer::loaders::HalfFloat::toFloat(half);
     }
     volatile float sink = sum;
     (void)sink;

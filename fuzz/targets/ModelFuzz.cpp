@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "renderer/FullModel.h"
+#include "renderer/loaders/FullModel.h"
 #include "renderer/textures/LoadError.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    using renderer::FullModel;
+    using renderer::loaders::FullModel;
     if (size < 4) {
         return 0;
     }

@@ -6,7 +6,7 @@
 #include "host/settings/Settings.h"
 #include "host/system/PowerSourceWatcher.h"
 #include "host/system/SystemEvents.h"
-#include "renderer/SceneFactory.h"
+#include "renderer/scenes/SceneFactory.h"
 
 #include <QCoreApplication>
 #include <QTimer>
@@ -152,7 +152,7 @@ void AppState::updateFps(std::optional<int> fps) {
 }
 
 QString AppState::scene() const {
-    return QString::fromStdString(renderer::SceneFactory::known(settings_.scene.read().toStdString()));
+    return QString::fromStdString(renderer::scenes::SceneFactory::known(settings_.scene.read().toStdString()));
 }
 
 void AppState::applySceneSettings() {
@@ -228,7 +228,7 @@ void AppState::addSceneMenu() {
     }
     QMenu* scenes = menu_->addMenu(tr("Scene"));
     const QString current = scene();
-    for (std::string_view name : renderer::SceneFactory::NAMES) {
+    for (std::string_view name : renderer::scenes::SceneFactory::NAMES) {
         const QString key = QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
         QString title = key;
         title[0] = title[0].toUpper();

@@ -10,7 +10,7 @@
 #include "host/ui/SettingsTab.h"
 #include "host/ui/WindowKeys.h"
 #include "host/window/X11DesktopSharing.h"
-#include "renderer/SceneFactory.h"
+#include "renderer/scenes/SceneFactory.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -236,7 +236,7 @@ QWidget* SettingsWindow::makeScene() {
 
     auto* scene = new QComboBox;
     scene->setObjectName(QStringLiteral("scene"));
-    for (std::string_view name : renderer::SceneFactory::NAMES) {
+    for (std::string_view name : renderer::scenes::SceneFactory::NAMES) {
         const QString value = QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
         QString label = value;
         label[0] = label[0].toUpper();

@@ -1,7 +1,7 @@
 #include "host/view/ChosenSceneContent.h"
 
-#include "renderer/NivalisRenderer.h"
-#include "renderer/SceneFactory.h"
+#include "renderer/scenes/NivalisRenderer.h"
+#include "renderer/scenes/SceneFactory.h"
 #include "renderer/gl/EpoxyGl.h"
 
 namespace host::view {
@@ -14,9 +14,9 @@ class SceneFrameRenderer : public FrameRenderer {
 public:
     SceneFrameRenderer(const QString& name, std::shared_ptr<engine::Scene> scene, const QString& resources,
                        const QString& sceneTime)
-        : renderer_(renderer::SceneFactory::makeRenderer(gl_, name.toStdString(), std::move(scene),
-                                                         options(resources), sceneTime.toStdString())),
-          nivalis_(dynamic_cast<renderer::NivalisRenderer*>(renderer_.get())) {}
+        : renderer_(renderer::scenes::SceneFactory::makeRenderer(gl_, name.toStdString(), std::move(scene),
+                                                                 options(resources), sceneTime.toStdString())),
+          nivalis_(dynamic_cast<renderer::scenes::NivalisRenderer*>(renderer_.get())) {}
 
     void drawFrame(unsigned framebuffer, int width, int height) override {
         renderer_->drawFrame(renderer::FrameTarget{framebuffer, static_cast<double>(width), static_cast<double>(height)});
@@ -43,7 +43,7 @@ private:
     // Declared first: the renderer releases its GL objects through it.
     renderer::gl::EpoxyGl gl_;
     std::unique_ptr<renderer::SceneRenderer> renderer_;
-    renderer::NivalisRenderer* nivalis_;
+    renderer::scenes::NivalisRenderer* nivalis_;
 };
 
 } // namespace
@@ -51,9 +51,9 @@ private:
 ChosenSceneContent::ChosenSceneContent(QString resourcesDirectory, const QString& sceneName,
                                        std::function<QString()> sceneTime, int cameraPath)
     : resourcesDirectory_(std::move(resourcesDirectory)), sceneTime_(std::move(sceneTime)),
-      sceneName_(QString::fromStdString(renderer::SceneFactory::known(sceneName.toStdString()))),
-      scene_(renderer::SceneFactory::makeScene(sceneName_.toStdString())), cameraPath_(cameraPath) {
-    renderer::SceneFactory::startOnPath(*scene_, cameraPath_);
+      sceneName_(QString::fromStdString(renderer::scenes::SceneFactory::known(sceneName.toStdString()))),
+      scene_(renderer::scenes::SceneFactory::makeScene(sceneName_.toStdString())), cameraPath_(cameraPath) {
+    renderer::scenes::SceneFactory::startOnPath(*scene_, cameraPath_);
 }
 
 ChosenSceneContent::~ChosenSceneContent() = default;
@@ -64,15 +64,15 @@ std::unique_ptr<FrameRenderer> ChosenSceneContent::makeRenderer() {
 }
 
 bool ChosenSceneContent::setScene(const QString& name) {
-    const QString chosen = QString::fromStdString(renderer::SceneFactory::known(name.toStdString()));
+    const QString chosen = QString::fromStdString(renderer::scenes::SceneFactory::known(name.toStdString()));
     if (chosen == sceneName_) {
         return false;
     }
     sceneName_ = chosen;
-    scene_ = renderer::SceneFactory::makeScene(chosen.toStdString());
-    renderer::SceneFactory::startOnPath(*scene_, cameraPath_);
+    scene_ = renderer::scenes::SceneFactory::makeScene(chosen.toStdString());
+    renderer::scenes::SceneFactory::startOnPath(*scene_, cameraPath_);
     if (settingsGiven_) {
-        renderer::SceneFactory::applySettings(*scene_, vignette_, cameraPeriod_);
+        renderer::scenes::SceneFactory::applySettings(*scene_, vignette_, cameraPeriod_);
     }
     return true;
 }
@@ -81,7 +81,7 @@ void ChosenSceneContent::setSceneSettings(bool vignette, float cameraPeriod) {
     vignette_ = vignette;
     cameraPeriod_ = cameraPeriod;
     settingsGiven_ = true;
-    renderer::SceneFactory::applySettings(*scene_, vignette, cameraPeriod);
+    renderer::scenes::SceneFactory::applySettings(*scene_, vignette, cameraPeriod);
 }
 
 } // namespace host::view

@@ -2,10 +2,10 @@
 
 #include <stdexcept>
 
-#include "renderer/ModelLayoutCheck.h"
+#include "renderer/loaders/ModelLayoutCheck.h"
 #include "renderer/SceneUtils.h"
 #include "renderer/ShaderLibrary.h"
-#include "renderer/VignetteUtils.h"
+#include "renderer/passes/VignetteUtils.h"
 #include "renderer/textures/TextureFiles.h"
 
 namespace renderer::assets {
@@ -60,15 +60,15 @@ void AssetTable::loadModels(engine::Scene& scene, const std::string& resourcesRo
             continue;
         }
         mesh->id = static_cast<std::int32_t>(models.size());
-        FullModel model(mesh->fileName, resourcesRoot);
+        loaders::FullModel model(mesh->fileName, resourcesRoot);
         model.load(gl_, resources);
         models.push_back(std::move(model));
     }
-    ModelLayoutCheck::run(scene.getCommands(), models);
+    loaders::ModelLayoutCheck::run(scene.getCommands(), models);
 }
 
 void AssetTable::loadTextures(engine::Scene& scene, const std::filesystem::path& directory,
-                              AstcTexture::Decoding decoding) {
+                              loaders::AstcTexture::Decoding decoding) {
     releaseTextures();
     for (const auto& texture : scene.getTextures()) {
         if (!texture) {
@@ -84,9 +84,10 @@ void AssetTable::loadTextures(engine::Scene& scene, const std::filesystem::path&
 }
 
 void AssetTable::loadVignette(const std::filesystem::path& resources) {
-    fmVignette.emplace(VignetteUtils::MODEL_NAME, "");
+    fmVignette.emplace(passes::VignetteUtils::MODEL_NAME, "");
     fmVignette->load(gl_, resources);
-    ModelLayoutCheck::check(*fmVignette, static_cast<std::size_t>(VignetteUtils::attributes()->stride()));
+    loaders::ModelLayoutCheck::check(*fmVignette,
+                                     static_cast<std::size_t>(passes::VignetteUtils::attributes()->stride()));
     const ShaderLibrary library = ShaderLibrary::openOrStop(resources);
     std::optional<ShaderFunctions> functions;
     try {
@@ -94,7 +95,7 @@ void AssetTable::loadVignette(const std::filesystem::path& resources) {
     } catch (const std::runtime_error&) {
         return;
     }
-    vignettePipelineStateWithDepth = VignetteUtils::makePipeline(gl_, *functions);
+    vignettePipelineStateWithDepth = passes::VignetteUtils::makePipeline(gl_, *functions);
 }
 
 } // namespace renderer::assets

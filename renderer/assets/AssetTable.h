@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "engine/Scene.h"
-#include "renderer/AstcTexture.h"
-#include "renderer/FullModel.h"
+#include "renderer/loaders/AstcTexture.h"
+#include "renderer/loaders/FullModel.h"
 #include "renderer/RenderPipelineStateWithDepth.h"
 #include "renderer/ShaderFunctions.h"
 #include "renderer/gl/Gl.h"
@@ -35,12 +35,13 @@ public:
     /// order; `Texture::id` is the count of textures before it. After a texture of a format
     /// without a loader the samplers run one ahead of the textures, and later ids pick the wrong
     /// sampler: scenes must not name such textures.
-    void loadTextures(engine::Scene& scene, const std::filesystem::path& directory, AstcTexture::Decoding decoding);
+    void loadTextures(engine::Scene& scene, const std::filesystem::path& directory,
+                      loaders::AstcTexture::Decoding decoding);
     /// The vignette mesh and, where the library has the "Vignette" shader, its pipeline.
     void loadVignette(const std::filesystem::path& resources);
 
     /// Indexed by `Mesh::id`.
-    std::vector<FullModel> models;
+    std::vector<loaders::FullModel> models;
     /// GL textures, indexed by `Texture::id`.
     std::vector<GLuint> textures;
     /// GL samplers, indexed by `Texture::id`.
@@ -48,7 +49,7 @@ public:
     /// Indexed by `Shader::id`; null where the library lacks the shader.
     std::vector<std::shared_ptr<ShaderFunctions>> shaders;
     /// The vignette mesh and its pipeline.
-    std::optional<FullModel> fmVignette;
+    std::optional<loaders::FullModel> fmVignette;
     std::optional<RenderPipelineStateWithDepth> vignettePipelineStateWithDepth;
 
 private:

@@ -7,7 +7,7 @@
 #include "engine/commands/UniformIntValue.h"
 #include "engine/commands/UniformTextureValue.h"
 #include "renderer/Fatal.h"
-#include "renderer/HalfFloat.h"
+#include "renderer/loaders/HalfFloat.h"
 
 namespace renderer::draw {
 
@@ -18,9 +18,10 @@ using engine::commands::UniformTextureValue;
 namespace {
 
 /// Sends `values` to the stage of `uniform`.
-template <typename T> void send(const Uniform& uniform, std::span<const T> values, gpu::RenderEncoder& encoder) {
-    uniform.type == UniformType::VERTEX ? encoder.setVertexBytes(uniform.index, values)
-                                        : encoder.setFragmentBytes(uniform.index, values);
+template <typename T>
+void send(const uniforms::Uniform& uniform, std::span<const T> values, gpu::RenderEncoder& encoder) {
+    uniform.type == uniforms::UniformType::VERTEX ? encoder.setVertexBytes(uniform.index, values)
+                                                  : encoder.setFragmentBytes(uniform.index, values);
 }
 
 void checkSize(std::size_t size) {
@@ -33,31 +34,31 @@ void checkSize(std::size_t size) {
 } // namespace
 
 void UniformStaging::bind(const engine::commands::DrawMeshCommand& command, const std::string& shaderName,
-                          const std::vector<Uniform>& row, const std::vector<GLuint>& textures,
+                          const std::vector<uniforms::Uniform>& row, const std::vector<GLuint>& textures,
                           const std::vector<GLuint>& samplers, StateFilter& filter, gpu::RenderEncoder& encoder) {
     for (std::size_t i = 0; i < command.uniforms.size(); ++i) {
         if (i >= row.size()) {
             Fatal::stop("Shader " + shaderName + " takes " + std::to_string(row.size()) + " uniforms, the draw gives " +
                         std::to_string(command.uniforms.size()));
         }
-        const Uniform& uniform = row[i];
+        const uniforms::Uniform& uniform = row[i];
         const engine::commands::UniformValue* value = command.uniforms[i].get();
         if (const auto* floats = dynamic_cast<const UniformFloatValue*>(value)) {
             const std::size_t size = floats->value.size();
             checkSize(size);
-            if (uniform.dataType == UniformDataType::FP32) {
+            if (uniform.dataType == uniforms::UniformDataType::FP32) {
                 std::copy_n(floats->value.begin(), size, valueFp32.begin());
                 send(uniform, std::span<const float>(valueFp32.data(), size), encoder);
             } else {
                 for (std::size_t k = 0; k < size; ++k) {
-                    valueFp16[k] = HalfFloat::fromFloat(floats->value[k]);
+                    valueFp16[k] = loaders::HalfFloat::fromFloat(floats->value[k]);
                 }
                 send(uniform, std::span<const std::uint16_t>(valueFp16.data(), size), encoder);
             }
         } else if (const auto* ints = dynamic_cast<const UniformIntValue*>(value)) {
             const std::size_t size = ints->value.size();
             checkSize(size);
-            if (uniform.dataType == UniformDataType::INT32) {
+            if (uniform.dataType == uniforms::UniformDataType::INT32) {
                 std::copy_n(ints->value.begin(), size, valueInt32.begin());
                 send(uniform, std::span<const std::int32_t>(valueInt32.data(), size), encoder);
             } else {
@@ -83,7 +84,7 @@ void UniformStaging::bind(const engine::commands::DrawMeshCommand& command, cons
                 Fatal::stop("Texture slot out of range: " + std::to_string(uniform.index));
             }
             const GLuint glTexture = textures[static_cast<std::size_t>(id)];
-            if (uniform.type == UniformType::FRAGMENT) {
+            if (uniform.type == uniforms::UniformType::FRAGMENT) {
                 filter.bindFragmentTexture(uniform.index, glTexture, samplers[static_cast<std::size_t>(id)], encoder);
             } else {
                 filter.bindVertexTexture(uniform.index, glTexture, encoder);

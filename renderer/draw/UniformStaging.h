@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "engine/commands/DrawMeshCommand.h"
-#include "renderer/ShaderUniforms.h"
+#include "renderer/uniforms/ShaderUniforms.h"
 #include "renderer/draw/StateFilter.h"
 #include "renderer/gl/Gl.h"
 #include "renderer/gpu/RenderEncoder.h"
@@ -27,7 +27,7 @@ public:
     /// draw with more values than the row, a value over STAGING_SIZE elements, an integer that
     /// does not fit 16 bits where the row asks for them, and a texture id or slot out of range.
     void bind(const engine::commands::DrawMeshCommand& command, const std::string& shaderName,
-              const std::vector<Uniform>& row, const std::vector<GLuint>& textures,
+              const std::vector<uniforms::Uniform>& row, const std::vector<GLuint>& textures,
               const std::vector<GLuint>& samplers, StateFilter& filter, gpu::RenderEncoder& encoder);
 
     std::array<float, STAGING_SIZE> valueFp32{};

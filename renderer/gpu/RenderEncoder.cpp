@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "renderer/HalfFloat.h"
+#include "renderer/loaders/HalfFloat.h"
 
 namespace renderer::gpu {
 
@@ -160,7 +160,7 @@ void RenderEncoder::setVertexBytes(int slot, std::span<const float> values) { fl
 void RenderEncoder::setVertexBytes(int slot, std::span<const std::uint16_t> halves) {
     const std::size_t n = std::min(halves.size(), MAX_UNIFORM_ELEMENTS);
     for (std::size_t i = 0; i < n; ++i) {
-        floatScratch_[i] = HalfFloat::toFloat(halves[i]);
+        floatScratch_[i] = loaders::HalfFloat::toFloat(halves[i]);
     }
     floats(vertexLocation(slot), std::span<const float>(floatScratch_.data(), n));
 }
@@ -182,7 +182,7 @@ void RenderEncoder::setFragmentBytes(int slot, std::span<const float> values) {
 void RenderEncoder::setFragmentBytes(int slot, std::span<const std::uint16_t> halves) {
     const std::size_t n = std::min(halves.size(), MAX_UNIFORM_ELEMENTS);
     for (std::size_t i = 0; i < n; ++i) {
-        floatScratch_[i] = HalfFloat::toFloat(halves[i]);
+        floatScratch_[i] = loaders::HalfFloat::toFloat(halves[i]);
     }
     floats(fragmentLocation(slot), std::span<const float>(floatScratch_.data(), n));
 }

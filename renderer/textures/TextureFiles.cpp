@@ -11,7 +11,7 @@ namespace renderer::textures {
 
 std::optional<LoadedTexture> TextureFiles::tryLoad(gl::Gl& gl, const engine::Texture& texture,
                                                    const std::filesystem::path& directory,
-                                                   AstcTexture::Decoding decoding) {
+                                                   loaders::AstcTexture::Decoding decoding) {
     switch (texture.format) {
     case engine::TextureFormat::RGBA8:
     case engine::TextureFormat::RGB8:
@@ -20,9 +20,9 @@ std::optional<LoadedTexture> TextureFiles::tryLoad(gl::Gl& gl, const engine::Tex
         return Fp16Texture::load(gl, texture.fileName, directory, texture.width, texture.height);
     case engine::TextureFormat::ASTC:
         if (texture.mipmaps == 0) {
-            return AstcTexture::load(gl, texture.fileName, directory, decoding);
+            return loaders::AstcTexture::load(gl, texture.fileName, directory, decoding);
         }
-        return AstcTexture::loadMipmapped(gl, texture.fileName, directory, texture.mipmaps, decoding);
+        return loaders::AstcTexture::loadMipmapped(gl, texture.fileName, directory, texture.mipmaps, decoding);
     default:
         return std::nullopt;
     }
@@ -39,7 +39,7 @@ std::string TextureFiles::resourceName(const std::filesystem::path& directory, c
 
 std::optional<LoadedTexture> TextureFiles::load(gl::Gl& gl, const engine::Texture& texture,
                                                 const std::filesystem::path& directory,
-                                                AstcTexture::Decoding decoding) {
+                                                loaders::AstcTexture::Decoding decoding) {
     try {
         return tryLoad(gl, texture, directory, decoding);
     } catch (const LoadError& e) {

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "engine/Texture.h"
-#include "renderer/AstcTexture.h"
+#include "renderer/loaders/AstcTexture.h"
 #include "renderer/gl/Gl.h"
 #include "renderer/textures/LoadedTexture.h"
 
@@ -29,14 +29,14 @@ public:
     /// Any loader error stops the process with "Cannot load texture ", the file's path inside
     /// the resources and the reason: "Cannot load texture nivalis/textures/snow.astc: magic
     /// 0x00000000 is not the ASTC magic".
-    static std::optional<LoadedTexture> load(gl::Gl& gl, const engine::Texture& texture,
-                                             const std::filesystem::path& directory,
-                                             AstcTexture::Decoding decoding = AstcTexture::Decoding::AUTO);
+    static std::optional<LoadedTexture>
+    load(gl::Gl& gl, const engine::Texture& texture, const std::filesystem::path& directory,
+         loaders::AstcTexture::Decoding decoding = loaders::AstcTexture::Decoding::AUTO);
 
     /// The same, throwing the loader's own error instead of stopping.
-    static std::optional<LoadedTexture> tryLoad(gl::Gl& gl, const engine::Texture& texture,
-                                                const std::filesystem::path& directory,
-                                                AstcTexture::Decoding decoding = AstcTexture::Decoding::AUTO);
+    static std::optional<LoadedTexture>
+    tryLoad(gl::Gl& gl, const engine::Texture& texture, const std::filesystem::path& directory,
+            loaders::AstcTexture::Decoding decoding = loaders::AstcTexture::Decoding::AUTO);
 
     /// The path inside the resources of `file` in `directory`, a scene's texture folder:
     /// "<resourcesRoot>/textures/<file>".

@@ -3,7 +3,7 @@
 // and quads exist (the night city with its meshless aircraft and point sprites too).
 #include <gtest/gtest.h>
 
-#include "renderer/SceneFactory.h"
+#include "renderer/scenes/SceneFactory.h"
 #include "scenes/betonia/BetoniaScene.h"
 #include "scenes/nivalis/NivalisScene.h"
 #include "scenes/spirelight/SpirelightScene.h"
@@ -18,11 +18,11 @@ using tests::support::allocationsDuring;
 
 // Switches the scene's blurred tree on or off; false where the scene has none.
 bool setBlurred(engine::Scene& scene, bool blurred) {
-    if (auto* nivalis = dynamic_cast<scenes::nivalis::NivalisScene*>(&scene)) {
+    if (auto* nivalis = dynamic_cast<::scenes::nivalis::NivalisScene*>(&scene)) {
         nivalis->settings.blurred = blurred;
-    } else if (auto* spirelight = dynamic_cast<scenes::spirelight::SpirelightScene*>(&scene)) {
+    } else if (auto* spirelight = dynamic_cast<::scenes::spirelight::SpirelightScene*>(&scene)) {
         spirelight->settings.blurred = blurred;
-    } else if (auto* betonia = dynamic_cast<scenes::betonia::BetoniaScene*>(&scene)) {
+    } else if (auto* betonia = dynamic_cast<::scenes::betonia::BetoniaScene*>(&scene)) {
         betonia->settings.blurred = blurred;
     } else {
         return false;
@@ -35,15 +35,15 @@ class FrameAllocationTest : public ::testing::TestWithParam<const char*> {};
 TEST_P(FrameAllocationTest, FramesAfterTheFirstAllocateNothing) {
     const std::string name = GetParam();
     test::TestResources resources;
-    std::shared_ptr<engine::Scene> scene = SceneFactory::makeScene(name);
+    std::shared_ptr<engine::Scene> scene = scenes::SceneFactory::makeScene(name);
     test::SceneAssets::write(*scene, resources, name);
     test::NullGl gl;
     double seconds = 10.0;
     SceneRenderer::Options options;
     options.resources = resources.path();
     options.clock = [&seconds] { return seconds; };
-    options.astcDecoding = AstcTexture::Decoding::GPU;
-    std::unique_ptr<SceneRenderer> renderer = SceneFactory::makeRenderer(gl, name, scene, options, "day");
+    options.astcDecoding = loaders::AstcTexture::Decoding::GPU;
+    std::unique_ptr<SceneRenderer> renderer = scenes::SceneFactory::makeRenderer(gl, name, scene, options, "day");
     const FrameTarget target{0, 640, 360};
 
     for (bool blurred : {false, true}) {

@@ -9,7 +9,7 @@
 #include "engine/commands/GroupCommand.h"
 #include "engine/commands/MainPassCommand.h"
 #include "engine/commands/VignetteCommand.h"
-#include "renderer/HalfFloat.h"
+#include "renderer/loaders/HalfFloat.h"
 #include "renderer/gl/EpoxyGl.h"
 #include "renderer/headless/HeadlessContext.h"
 #include "renderer/headless/OffscreenTarget.h"
@@ -105,9 +105,12 @@ protected:
         r.writeVignetteModel({0, 0, 1, -1, -1, 0, 1, -1, 0, 1, 1, 0, -1, 1, 0},
                              {0, 1, 2, 0, 2, 3, 0, 3, 4, 0, 4, 1});
         table = {
-            {"Solid", {{UniformType::VERTEX, UniformDataType::FP32, 1}, {UniformType::FRAGMENT, UniformDataType::FP32, 1}}},
+            {"Solid",
+             {{uniforms::UniformType::VERTEX, uniforms::UniformDataType::FP32, 1},
+              {uniforms::UniformType::FRAGMENT, uniforms::UniformDataType::FP32, 1}}},
             {"Palette",
-             {{UniformType::VERTEX, UniformDataType::FP32, 1}, {UniformType::FRAGMENT, UniformDataType::TEXTURE, 0}}},
+             {{uniforms::UniformType::VERTEX, uniforms::UniformDataType::FP32, 1},
+              {uniforms::UniformType::FRAGMENT, uniforms::UniformDataType::TEXTURE, 0}}},
             {"Vignette", {}},
             {"FullscreenQuad", {}},
         };
@@ -157,7 +160,7 @@ protected:
     headless::HeadlessContext context;
     gl::EpoxyGl gl;
     RendererHarness h;
-    ShaderUniforms table;
+    uniforms::ShaderUniforms table;
     std::shared_ptr<DrawMeshState> solidState;
     std::unique_ptr<headless::OffscreenTarget> target;
     std::unique_ptr<test::TableRenderer> renderer;
@@ -174,7 +177,7 @@ TEST_F(RenderingGlTest, APaletteMeshTakesItsColoursFromThePaletteTexture) {
                            {0, 1, 2, 0, 2, 3, 4, 5, 6, 4, 6, 7});
     auto mesh = std::make_shared<engine::Mesh>("halves", nullptr);
     h.scene->meshes.push_back(mesh);
-    const std::uint16_t one = HalfFloat::fromFloat(1.0f);
+    const std::uint16_t one = loaders::HalfFloat::fromFloat(1.0f);
     h.resources.writeFp16Texture("scene", "palette.rgba.fp16", {one, 0, 0, one, 0, one, 0, one});
     auto palette = std::make_shared<engine::Texture>();
     palette->fileName = "palette.rgba.fp16";

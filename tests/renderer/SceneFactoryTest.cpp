@@ -6,7 +6,7 @@
 #include <map>
 #include <set>
 
-#include "renderer/SceneFactory.h"
+#include "renderer/scenes/SceneFactory.h"
 #include "tests/renderer/support/RecordingGl.h"
 #include "tests/renderer/support/SceneAssets.h"
 
@@ -26,9 +26,10 @@ TEST(SceneFactoryTest, TwentySwapsLeaveNoGlObjectBehind) {
     std::map<std::string, Live> whileShown;
     std::set<std::string> written;
     for (int swap = 0; swap < 20; ++swap) {
-        const std::string name(SceneFactory::NAMES[static_cast<std::size_t>(swap) % SceneFactory::NAMES.size()]);
+        const std::string name(
+            scenes::SceneFactory::NAMES[static_cast<std::size_t>(swap) % scenes::SceneFactory::NAMES.size()]);
         SCOPED_TRACE("swap " + std::to_string(swap) + " to " + name);
-        auto scene = SceneFactory::makeScene(name);
+        auto scene = scenes::SceneFactory::makeScene(name);
         if (written.insert(name).second) {
             test::SceneAssets::write(*scene, resources, name);
         }
@@ -36,9 +37,9 @@ TEST(SceneFactoryTest, TwentySwapsLeaveNoGlObjectBehind) {
         options.resources = resources.path();
         double seconds = 10.0;
         options.clock = [&seconds] { return seconds += 0.5; };
-        options.astcDecoding = AstcTexture::Decoding::GPU;
+        options.astcDecoding = loaders::AstcTexture::Decoding::GPU;
         {
-            auto renderer = SceneFactory::makeRenderer(gl, name, scene, options, "day");
+            auto renderer = scenes::SceneFactory::makeRenderer(gl, name, scene, options, "day");
             for (int frame = 0; frame < 3; ++frame) {
                 renderer->drawFrame({0, 320, 180});
             }
@@ -50,13 +51,14 @@ TEST(SceneFactoryTest, TwentySwapsLeaveNoGlObjectBehind) {
 }
 
 TEST(SceneFactoryTest, NamesPickTheirSceneAndAnUnknownOneIsNivalis) {
-    for (std::string_view name : SceneFactory::NAMES) {
-        EXPECT_EQ(SceneFactory::known(name), name);
+    for (std::string_view name : scenes::SceneFactory::NAMES) {
+        EXPECT_EQ(scenes::SceneFactory::known(name), name);
     }
-    EXPECT_EQ(SceneFactory::known("harbour"), "nivalis");
-    EXPECT_EQ(SceneFactory::known(""), "nivalis");
-    EXPECT_EQ(typeid(*SceneFactory::makeScene("harbour")), typeid(*SceneFactory::makeScene("nivalis")));
-    EXPECT_NE(typeid(*SceneFactory::makeScene("spirelight")), typeid(*SceneFactory::makeScene("nivalis")));
+    EXPECT_EQ(scenes::SceneFactory::known("harbour"), "nivalis");
+    EXPECT_EQ(scenes::SceneFactory::known(""), "nivalis");
+    EXPECT_EQ(typeid(*scenes::SceneFactory::makeScene("harbour")), typeid(*scenes::SceneFactory::makeScene("nivalis")));
+    EXPECT_NE(typeid(*scenes::SceneFactory::makeScene("spirelight")),
+              typeid(*scenes::SceneFactory::makeScene("nivalis")));
 }
 
 } // namespace

@@ -10,7 +10,7 @@ namespace tools::render {
 
 namespace {
 
-using Decoding = renderer::AstcTexture::Decoding;
+using Decoding = renderer::loaders::AstcTexture::Decoding;
 using Platform = renderer::headless::HeadlessContext::Platform;
 
 constexpr int MAX_SIZE = 16384;

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "renderer/AstcTexture.h"
+#include "renderer/loaders/AstcTexture.h"
 #include "renderer/headless/HeadlessContext.h"
 
 namespace tools::render {
@@ -56,7 +56,7 @@ public:
     /// The resources directory; empty for the one found beside the executable.
     std::optional<std::filesystem::path> resources;
     /// Where ASTC textures are decoded.
-    renderer::AstcTexture::Decoding astc = renderer::AstcTexture::Decoding::AUTO;
+    renderer::loaders::AstcTexture::Decoding astc = renderer::loaders::AstcTexture::Decoding::AUTO;
     /// The EGL platform of the headless context.
     renderer::headless::HeadlessContext::Platform platform = renderer::headless::HeadlessContext::Platform::AUTO;
     /// Only print the usage.

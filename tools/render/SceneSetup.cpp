@@ -12,7 +12,7 @@
 #include "engine/IllegalStateError.h"
 #include "engine/commands/DrawMeshCommand.h"
 #include "engine/commands/GroupCommand.h"
-#include "renderer/SceneFactory.h"
+#include "renderer/scenes/SceneFactory.h"
 #include "scenes/betonia/BetoniaScene.h"
 #include "scenes/example/ExampleScene.h"
 #include "scenes/nivalis/Meshes.h"
@@ -281,10 +281,10 @@ void erase(engine::Scene::CommandList& commands, const CommandSet& hidden, Comma
 } // namespace
 
 std::shared_ptr<engine::Scene> SceneSetup::create(const std::string& name) {
-    if (renderer::SceneFactory::known(name) != name) {
+    if (renderer::scenes::SceneFactory::known(name) != name) {
         throw std::invalid_argument("Unknown scene '" + name + "' (nivalis, spirelight, betonia, example)");
     }
-    return renderer::SceneFactory::makeScene(name);
+    return renderer::scenes::SceneFactory::makeScene(name);
 }
 
 std::string SceneSetup::resourcesRoot(const std::string& name) { return name; }

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "engine/math/Random.h"
-#include "renderer/SceneFactory.h"
+#include "renderer/scenes/SceneFactory.h"
 #include "renderer/gl/EpoxyGl.h"
 #include "renderer/headless/HeadlessContext.h"
 #include "renderer/headless/OffscreenTarget.h"
@@ -93,7 +93,7 @@ int run(const RenderOptions& options, const char* argv0) {
     rendererOptions.clock = [&options, &frame] { return (options.at + frame * options.step) / 1000.0; };
     // Nivalis starts at a fixed time of day instead of the wall clock; its own is set afterwards.
     auto sceneRenderer =
-        renderer::SceneFactory::makeRenderer(gl, options.scene, scene, std::move(rendererOptions), "day");
+        renderer::scenes::SceneFactory::makeRenderer(gl, options.scene, scene, std::move(rendererOptions), "day");
     // Again after loading: the renderer has written its start-up time of day into the scene.
     SceneSetup::apply(*scene, options);
 

@@ -1,4 +1,4 @@
-#include "renderer/AstcTexture.h"
+#include "renderer/loaders/AstcTexture.h"
 
 #include <gtest/gtest.h>
 
@@ -38,7 +38,7 @@ protected:
 
 TEST_F(AstcTextureLoadTest, CompressedUploadKeepsTheBlocksAndTheFormat) {
     writeSolid("noise.astc", 12, 10, 6, 5);
-    const auto loaded = AstcTexture::load(gl, "noise", dir.path(), AstcTexture::Decoding::GPU);
+    const auto loaded = loaders::AstcTexture::load(gl, "noise", dir.path(), loaders::AstcTexture::Decoding::GPU);
     EXPECT_EQ(loaded.width, 12);
     EXPECT_EQ(loaded.height, 10);
     EXPECT_EQ(loaded.levels, 1);
@@ -51,7 +51,7 @@ TEST_F(AstcTextureLoadTest, CompressedUploadKeepsTheBlocksAndTheFormat) {
 
 TEST_F(AstcTextureLoadTest, CpuDecodingUploadsRgba8) {
     writeSolid("noise.astc", 8, 4, 4, 4);
-    const auto loaded = AstcTexture::load(gl, "noise", dir.path(), AstcTexture::Decoding::CPU);
+    const auto loaded = loaders::AstcTexture::load(gl, "noise", dir.path(), loaders::AstcTexture::Decoding::CPU);
     EXPECT_EQ(loaded.internalFormat, static_cast<GLenum>(GL_RGBA8));
     EXPECT_EQ(gl.count(GlCall::compressedTexImage2D), 0u);
     EXPECT_EQ(gl.log({GlCall::texImage2D}),
@@ -64,7 +64,8 @@ TEST_F(AstcTextureLoadTest, MipmappedTextureReadsOneFilePerLevelAndStopsAtTheCou
     writeSolid("caustics1_2.astc", 8, 8, 8, 8);
     writeSolid("caustics1_3.astc", 4, 4, 8, 8);
     writeSolid("caustics1_4.astc", 2, 2, 8, 8); // beyond the count: never read
-    const auto loaded = AstcTexture::loadMipmapped(gl, "caustics1", dir.path(), 3, AstcTexture::Decoding::GPU);
+    const auto loaded =
+        loaders::AstcTexture::loadMipmapped(gl, "caustics1", dir.path(), 3, loaders::AstcTexture::Decoding::GPU);
     EXPECT_EQ(loaded.levels, 4);
     EXPECT_EQ(loaded.width, 32);
     const auto t = std::to_string(loaded.texture);
@@ -82,13 +83,14 @@ TEST_F(AstcTextureLoadTest, MipmappedTextureReadsOneFilePerLevelAndStopsAtTheCou
 TEST_F(AstcTextureLoadTest, MipLevelsRoundTheirRowLengthUp) {
     // 10 pixels of 4-wide blocks: three full blocks a row, 3 * 3 blocks in all.
     writeSolid("odd_0.astc", 10, 10, 4, 4);
-    EXPECT_NO_THROW(AstcTexture::loadMipmapped(gl, "odd", dir.path(), 0, AstcTexture::Decoding::GPU));
+    EXPECT_NO_THROW(loaders::AstcTexture::loadMipmapped(gl, "odd", dir.path(), 0, loaders::AstcTexture::Decoding::GPU));
     // A file holding only the 3 * 2 + 1 blocks that the single-level loader's short rows reach
     // is still short of the image its header claims, for both loaders.
     dir.write("short_0.astc", astcFile(10, 10, 4, 4, countingBytes(7 * 16)));
     dir.write("short.astc", astcFile(10, 10, 4, 4, countingBytes(7 * 16)));
-    EXPECT_THROW(AstcTexture::load(gl, "short", dir.path(), AstcTexture::Decoding::GPU), std::runtime_error);
-    EXPECT_THROW(AstcTexture::loadMipmapped(gl, "short", dir.path(), 0, AstcTexture::Decoding::GPU),
+    EXPECT_THROW(loaders::AstcTexture::load(gl, "short", dir.path(), loaders::AstcTexture::Decoding::GPU),
+                 std::runtime_error);
+    EXPECT_THROW(loaders::AstcTexture::loadMipmapped(gl, "short", dir.path(), 0, loaders::AstcTexture::Decoding::GPU),
                  std::runtime_error);
 }
 
@@ -96,7 +98,7 @@ TEST_F(AstcTextureLoadTest, MissingLevelIsNamedWithItsSuffixAndLeavesNoTexture) 
     writeSolid("room1_0.astc", 8, 8, 4, 4);
     writeSolid("room1_1.astc", 4, 4, 4, 4);
     try {
-        AstcTexture::loadMipmapped(gl, "room1", dir.path(), 2, AstcTexture::Decoding::GPU);
+        loaders::AstcTexture::loadMipmapped(gl, "room1", dir.path(), 2, loaders::AstcTexture::Decoding::GPU);
         FAIL() << "no exception";
     } catch (const std::runtime_error& e) {
         EXPECT_STREQ(e.what(), "File not found in bundle: room1_2");
@@ -106,18 +108,18 @@ TEST_F(AstcTextureLoadTest, MissingLevelIsNamedWithItsSuffixAndLeavesNoTexture) 
 
 TEST_F(AstcTextureLoadTest, FileFaultsAreErrorsNotCrashes) {
     try {
-        AstcTexture::load(gl, "absent", dir.path());
+        loaders::AstcTexture::load(gl, "absent", dir.path());
         FAIL() << "no exception";
     } catch (const std::runtime_error& e) {
         EXPECT_STREQ(e.what(), "File not found in bundle: absent");
     }
     dir.write("empty.astc", {});
-    EXPECT_THROW(AstcTexture::load(gl, "empty", dir.path()), std::runtime_error);
+    EXPECT_THROW(loaders::AstcTexture::load(gl, "empty", dir.path()), std::runtime_error);
     dir.write("header.astc", countingBytes(10));
-    EXPECT_THROW(AstcTexture::load(gl, "header", dir.path()), std::runtime_error);
+    EXPECT_THROW(loaders::AstcTexture::load(gl, "header", dir.path()), std::runtime_error);
     dir.write("cut.astc", astcFile(16, 16, 4, 4, countingBytes(15 * 16)));
-    EXPECT_THROW(AstcTexture::load(gl, "cut", dir.path()), std::runtime_error);
-    EXPECT_THROW(AstcTexture::loadMipmapped(gl, "cut", dir.path(), -1), std::invalid_argument);
+    EXPECT_THROW(loaders::AstcTexture::load(gl, "cut", dir.path()), std::runtime_error);
+    EXPECT_THROW(loaders::AstcTexture::loadMipmapped(gl, "cut", dir.path(), -1), std::invalid_argument);
     EXPECT_EQ(gl.liveTextures(), 0u);
 }
 

@@ -1,4 +1,4 @@
-#include "renderer/FullModel.h"
+#include "renderer/loaders/FullModel.h"
 
 #include <gtest/gtest.h>
 
@@ -22,7 +22,7 @@ struct NameCase {
 class FullModelNameTest : public ::testing::TestWithParam<NameCase> {};
 
 TEST_P(FullModelNameTest, SplitsTheNameIntoFolderAndFile) {
-    const FullModel model(GetParam().name, "nivalis");
+    const loaders::FullModel model(GetParam().name, "nivalis");
     EXPECT_EQ(model.filename(), GetParam().filename);
     EXPECT_EQ(model.path(), GetParam().path);
 }
@@ -51,7 +51,7 @@ TEST_F(FullModelLoadTest, UploadsBothFilesAsTheyStand) {
     const auto indices = countingBytes(12, 100);
     resources.write("nivalis/models/sky-strides.bin", vertices);
     resources.write("nivalis/models/sky-indices.bin", indices);
-    FullModel model("sky", "nivalis");
+    loaders::FullModel model("sky", "nivalis");
     model.load(gl, resources.path());
 
     ASSERT_NE(model.vertexBuffer(), 0u);
@@ -68,21 +68,21 @@ TEST_F(FullModelLoadTest, UploadsBothFilesAsTheyStand) {
 TEST_F(FullModelLoadTest, ReadReportsTheMissingFileByItsName) {
     resources.write("r/models/m-strides.bin", countingBytes(8));
     try {
-        FullModel("m", "r").read(resources.path());
+        loaders::FullModel("m", "r").read(resources.path());
         FAIL() << "no exception";
     } catch (const std::runtime_error& e) {
         EXPECT_STREQ(e.what(), "File not found in bundle: r/models/m-indices.bin");
     }
     // A folder where the file should be is no file either.
     std::filesystem::create_directories(resources.path() / "r/models/d-strides.bin");
-    EXPECT_THROW(FullModel("d", "r").read(resources.path()), std::runtime_error);
+    EXPECT_THROW(loaders::FullModel("d", "r").read(resources.path()), std::runtime_error);
 }
 
 using FullModelDeathTest = FullModelLoadTest;
 
 TEST_F(FullModelDeathTest, MissingFileStopsTheProcessWithTheModelMessage) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
-    FullModel model("a", "nivalis");
+    loaders::FullModel model("a", "nivalis");
     EXPECT_EXIT(model.load(gl, resources.path()), ::testing::ExitedWithCode(1),
                 "^Fatal error: Cannot create model buffers: File not found in bundle: nivalis/models/a-strides.bin\n$");
 }

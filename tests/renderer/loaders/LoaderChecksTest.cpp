@@ -16,8 +16,8 @@
 #include "engine/commands/DrawMeshState.h"
 #include "engine/commands/GroupCommand.h"
 #include "renderer/Fatal.h"
-#include "renderer/FullModel.h"
-#include "renderer/ModelLayoutCheck.h"
+#include "renderer/loaders/FullModel.h"
+#include "renderer/loaders/ModelLayoutCheck.h"
 #include "renderer/textures/TextureFiles.h"
 #include "tests/renderer/loaders/LoaderFiles.h"
 #include "tests/renderer/support/RecordingGl.h"
@@ -192,7 +192,7 @@ TEST_F(LoaderChecksTest, SomethingElseInAFilesPlaceIsRefusedWithoutWaiting) {
 class ModelChecksTest : public LoaderChecksTest {
 protected:
     /// Loads the model "m" of the scene folder "nivalis" from the given files.
-    FullModel load(std::size_t vertexBytes, const std::vector<std::uint16_t>& indices) {
+    loaders::FullModel load(std::size_t vertexBytes, const std::vector<std::uint16_t>& indices) {
         std::vector<std::byte> indexBytes;
         for (std::uint16_t index : indices) {
             indexBytes.push_back(static_cast<std::byte>(index & 0xFF));
@@ -200,7 +200,7 @@ protected:
         }
         resources.write("nivalis/models/m-strides.bin", countingBytes(vertexBytes));
         resources.write("nivalis/models/m-indices.bin", indexBytes);
-        FullModel model("m", "nivalis");
+        loaders::FullModel model("m", "nivalis");
         model.load(gl, resources.path());
         return model;
     }
@@ -227,14 +227,14 @@ TEST_F(ModelChecksTest, IndicesAndVertexFileAgainstTheStride) {
         {36, {}, ""},
     };
     for (const auto& c : cases) {
-        const FullModel model = load(c.vertexBytes, c.indices);
-        EXPECT_EQ(stopOf([&] { ModelLayoutCheck::check(model, 12); }), c.stop) << c.vertexBytes;
+        const loaders::FullModel model = load(c.vertexBytes, c.indices);
+        EXPECT_EQ(stopOf([&] { loaders::ModelLayoutCheck::check(model, 12); }), c.stop) << c.vertexBytes;
     }
 }
 
 TEST_F(ModelChecksTest, TheTreesDrawsGiveEachModelItsStride) {
     using namespace engine::commands;
-    std::vector<FullModel> models;
+    std::vector<loaders::FullModel> models;
     models.push_back(load(48, {0, 1, 3})); // 4 vertices of 12 bytes, or 3 of 16
     auto mesh = std::make_shared<engine::Mesh>("m", nullptr);
     mesh->id = 0;
@@ -249,9 +249,9 @@ TEST_F(ModelChecksTest, TheTreesDrawsGiveEachModelItsStride) {
     group->commands = {draw(12)};
     group->enabled = false; // switched off now, maybe on later: checked all the same
     const std::vector<std::shared_ptr<Command>> tree = {group, group};
-    EXPECT_EQ(stopOf([&] { ModelLayoutCheck::run(tree, models); }), "");
+    EXPECT_EQ(stopOf([&] { loaders::ModelLayoutCheck::run(tree, models); }), "");
     group->commands.push_back(draw(16));
-    EXPECT_EQ(stopOf([&] { ModelLayoutCheck::run(tree, models); }),
+    EXPECT_EQ(stopOf([&] { loaders::ModelLayoutCheck::run(tree, models); }),
               "Cannot create model buffers: nivalis/models/m-indices.bin: index 3 past 3 vertices");
 }
 

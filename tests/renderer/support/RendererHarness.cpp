@@ -1,10 +1,13 @@
 #include "tests/renderer/support/RendererHarness.h"
 
-#include "renderer/HalfFloat.h"
+#include "renderer/loaders/HalfFloat.h"
 
 namespace renderer::test {
 
 namespace {
+
+using uniforms::UniformDataType;
+using uniforms::UniformType;
 
 const char* QUAD_VERTEX = "in vec2 position; in vec2 uv;\n";
 const char* BLUR_FRAGMENT =
@@ -100,7 +103,7 @@ std::shared_ptr<engine::Shader> RendererHarness::addShader(const std::string& na
 }
 
 std::shared_ptr<engine::Texture> RendererHarness::addTexture(const std::string& name) {
-    const std::uint16_t one = HalfFloat::fromFloat(1.0f);
+    const std::uint16_t one = loaders::HalfFloat::fromFloat(1.0f);
     resources.writeFp16Texture("scene", name + ".rgba.fp16", {one, 0, 0, one, 0, one, 0, one});
     auto texture = std::make_shared<engine::Texture>();
     texture->name = name;

@@ -43,12 +43,12 @@ public:
 class TableRenderer : public SceneRenderer {
 public:
     TableRenderer(gl::Gl& gl, std::shared_ptr<engine::Scene> scene, std::string resourcesRoot, Options options,
-                  const ShaderUniforms& table)
+                  const uniforms::ShaderUniforms& table)
         : SceneRenderer(gl, std::move(scene), std::move(resourcesRoot), std::move(options), table), table_(table) {}
-    const ShaderUniforms& shaderUniforms() const override { return table_; }
+    const uniforms::ShaderUniforms& shaderUniforms() const override { return table_; }
 
 private:
-    const ShaderUniforms& table_;
+    const uniforms::ShaderUniforms& table_;
 };
 
 /// While it lives, a fatal stop throws Fatal::Stop instead of ending the test program.
@@ -76,7 +76,7 @@ public:
     std::shared_ptr<FakeScene> scene = std::make_shared<FakeScene>();
     /// The clock the renderer reads, in seconds.
     double clockSeconds = 1.0;
-    ShaderUniforms table;
+    uniforms::ShaderUniforms table;
     ScopedFatalThrows fatalThrows;
 
     SceneRenderer::Options options();

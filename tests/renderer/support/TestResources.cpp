@@ -5,7 +5,7 @@
 #include <random>
 #include <stdexcept>
 
-#include "renderer/HalfFloat.h"
+#include "renderer/loaders/HalfFloat.h"
 
 namespace renderer::test {
 
@@ -71,8 +71,8 @@ void TestResources::writeVignetteModel(const std::vector<float>& vertices,
                                        const std::vector<std::uint16_t>& indices) const {
     std::vector<std::byte> bytes;
     for (std::size_t i = 0; i + 2 < vertices.size(); i += 3) {
-        const std::uint16_t x = HalfFloat::fromFloat(vertices[i]);
-        const std::uint16_t y = HalfFloat::fromFloat(vertices[i + 1]);
+        const std::uint16_t x = loaders::HalfFloat::fromFloat(vertices[i]);
+        const std::uint16_t y = loaders::HalfFloat::fromFloat(vertices[i + 1]);
         const auto ao = static_cast<std::uint8_t>(vertices[i + 2] * 255.0f + 0.5f);
         const std::uint8_t vertex[8] = {static_cast<std::uint8_t>(x & 0xff), static_cast<std::uint8_t>(x >> 8),
                                         static_cast<std::uint8_t>(y & 0xff), static_cast<std::uint8_t>(y >> 8),
@@ -93,7 +93,7 @@ std::vector<std::byte> TestResources::floatBytes(const std::vector<float>& value
 std::vector<std::byte> TestResources::halfBytes(const std::vector<float>& values) {
     std::vector<std::byte> bytes;
     for (float value : values) {
-        const std::uint16_t half = HalfFloat::fromFloat(value);
+        const std::uint16_t half = loaders::HalfFloat::fromFloat(value);
         bytes.push_back(static_cast<std::byte>(half & 0xff));
         bytes.push_back(static_cast<std::byte>(half >> 8));
     }

@@ -14,7 +14,7 @@
 #include "engine/commands/ClearColorCommand.h"
 #include "engine/commands/DrawMeshCommand.h"
 #include "engine/commands/GroupCommand.h"
-#include "renderer/SceneFactory.h"
+#include "renderer/scenes/SceneFactory.h"
 #include "renderer/gl/EpoxyGl.h"
 #include "renderer/headless/HeadlessContext.h"
 #include "renderer/headless/OffscreenTarget.h"
@@ -41,7 +41,7 @@ Pixels draw(const std::string& name, RenderOptions options, const std::function<
     renderer::SceneRenderer::Options rendererOptions;
     rendererOptions.resources = NIVALIS_RESOURCES_DIR;
     rendererOptions.clock = [&frame] { return 60.0 + frame; };
-    auto renderer = renderer::SceneFactory::makeRenderer(gl, name, scene, rendererOptions, "day");
+    auto renderer = renderer::scenes::SceneFactory::makeRenderer(gl, name, scene, rendererOptions, "day");
     SceneSetup::apply(*scene, options);
     if (tweak) {
         tweak(*scene);

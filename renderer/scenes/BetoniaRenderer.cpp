@@ -1,0 +1,22 @@
+#include "renderer/scenes/BetoniaRenderer.h"
+
+#include "renderer/uniforms/UniformTables.h"
+
+namespace renderer::scenes {
+
+const uniforms::ShaderUniforms& BetoniaRenderer::uniforms() {
+    static const uniforms::ShaderUniforms TABLE = {
+        {"Vignette", uniforms::UniformTables::vignette()},
+        {"FullscreenQuad", uniforms::UniformTables::fullscreenQuad()},
+        {"Diffuse", uniforms::UniformTables::diffuse()},
+    };
+    return TABLE;
+}
+
+BetoniaRenderer::BetoniaRenderer(gl::Gl& gl_, std::shared_ptr<engine::Scene> scene_, std::string resourcesRoot_,
+                                 Options options_)
+    : SceneRenderer(gl_, std::move(scene_), std::move(resourcesRoot_), std::move(options_), uniforms()) {}
+
+const uniforms::ShaderUniforms& BetoniaRenderer::shaderUniforms() const { return uniforms(); }
+
+} // namespace renderer::scenes
