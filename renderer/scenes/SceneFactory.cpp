@@ -50,35 +50,39 @@ std::unique_ptr<SceneRenderer> SceneFactory::makeRenderer(gl::Gl& gl, std::strin
     return std::make_unique<NivalisRenderer>(gl, std::move(scene), chosen, std::move(options), sceneTime);
 }
 
-void SceneFactory::applySettings(engine::Scene& scene, bool vignette, float cameraPeriod) {
-    const auto write = [&](auto& settings) {
-        settings.vignette = vignette;
-        settings.cameraPeriod = cameraPeriod;
-    };
+namespace {
+
+// Calls `visit` with the scene as its own class where that class has settings and a camera of its
+// own (every scene but the sample valley, which comes hung under a pass of the factory's).
+template <typename Visit>
+void withSettledScene(engine::Scene& scene, Visit&& visit) {
     if (auto* nivalis = dynamic_cast<::scenes::nivalis::NivalisScene*>(&scene)) {
-        write(nivalis->settings);
+        visit(*nivalis);
     } else if (auto* spirelight = dynamic_cast<::scenes::spirelight::SpirelightScene*>(&scene)) {
-        write(spirelight->settings);
+        visit(*spirelight);
     } else if (auto* betonia = dynamic_cast<::scenes::betonia::BetoniaScene*>(&scene)) {
-        write(betonia->settings);
+        visit(*betonia);
     }
 }
 
+} // namespace
+
+void SceneFactory::applySettings(engine::Scene& scene, bool vignette, float cameraPeriod) {
+    withSettledScene(scene, [&](auto& concrete) {
+        concrete.settings.vignette = vignette;
+        concrete.settings.cameraPeriod = cameraPeriod;
+    });
+}
+
 void SceneFactory::startOnPath(engine::Scene& scene, int path) {
-    const auto start = [path](engine::camera::CameraPathAnimator& camera) {
+    withSettledScene(scene, [path](auto& concrete) {
+        engine::camera::CameraPathAnimator& camera = concrete.cameraAnimator;
         const int paths = static_cast<int>(camera.cameras.size());
         if (path > 0 && paths > 1) {
             camera.currentCamera = path % paths;
             camera.updateCurrentCamera();
         }
-    };
-    if (auto* nivalis = dynamic_cast<::scenes::nivalis::NivalisScene*>(&scene)) {
-        start(nivalis->cameraAnimator);
-    } else if (auto* spirelight = dynamic_cast<::scenes::spirelight::SpirelightScene*>(&scene)) {
-        start(spirelight->cameraAnimator);
-    } else if (auto* betonia = dynamic_cast<::scenes::betonia::BetoniaScene*>(&scene)) {
-        start(betonia->cameraAnimator);
-    }
+    });
 }
 
 } // namespace renderer::scenes
