@@ -6,6 +6,7 @@
 #include "renderer/Fatal.h"
 #include "renderer/loaders/HalfFloat.h"
 #include "renderer/SceneUtils.h"
+#include "renderer/passes/VignetteUtils.h"
 
 namespace renderer {
 
@@ -85,7 +86,12 @@ void SceneRenderer::loadTextures() {
     assets.loadTextures(*scene, options.resources / resourcesRoot / "textures", options.astcDecoding);
 }
 
-void SceneRenderer::loadVignette() { assets.loadVignette(options.resources); }
+void SceneRenderer::loadVignette() {
+    assets.loadVignette(options.resources);
+    if (assets.vignetteFunctions != nullptr) {
+        vignettePipelineStateWithDepth = passes::VignetteUtils::makePipeline(gl, *assets.vignetteFunctions);
+    }
+}
 
 // ---- The frame -----------------------------------------------------------------------------
 

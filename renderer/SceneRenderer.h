@@ -88,6 +88,10 @@ public:
         std::array<double, 4> viewClearColor{0.0, 0.0, 0.0, 1.0};
         gpu::LoadAction viewDepthLoadAction = gpu::LoadAction::CLEAR;
         double viewClearDepth = 1.0;
+        /// A table shared with other renderers of scenes of the same class whose contexts share
+        /// objects with this one (a monitor each), over the same `Gl`: the first renderer loads
+        /// it, the others only number their scene from it. Empty: a table of the renderer's own.
+        std::shared_ptr<assets::AssetTable> assets;
     };
 
     /// The most elements one uniform may have.
@@ -167,8 +171,11 @@ public:
 
     // The parts that do the renderer's jobs, each in a file of its own.
 
-    /// The scene's meshes, textures, samplers and shaders, numbered.
-    assets::AssetTable assets{gl};
+    /// The scene's meshes, textures, samplers and shaders, numbered: the options' shared table,
+    /// or one of the renderer's own.
+    std::shared_ptr<assets::AssetTable> assetTable =
+        options.assets != nullptr ? options.assets : std::make_shared<assets::AssetTable>(gl);
+    assets::AssetTable& assets = *assetTable;
     /// The filter of state changes and its caches.
     draw::StateFilter stateFilter;
     /// The staging of uniform values.
@@ -193,7 +200,8 @@ public:
     /// The uniform table in use.
     const uniforms::ShaderUniforms* shadersUniforms = nullptr;
     std::optional<loaders::FullModel>& fmVignette = assets.fmVignette;
-    std::optional<RenderPipelineStateWithDepth>& vignettePipelineStateWithDepth = assets.vignettePipelineStateWithDepth;
+    /// The vignette's pipeline, over the table's stages; per renderer, as its vertex array is.
+    std::optional<RenderPipelineStateWithDepth> vignettePipelineStateWithDepth;
     std::array<float, STAGING_SIZE>& valueFp32 = uniformStaging.valueFp32;
     std::array<std::uint16_t, STAGING_SIZE>& valueFp16 = uniformStaging.valueFp16;
     std::array<std::int32_t, STAGING_SIZE>& valueInt32 = uniformStaging.valueInt32;
