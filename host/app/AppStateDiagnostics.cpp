@@ -3,6 +3,7 @@
 #include "host/app/AppState.h"
 #include "host/app/WallpaperOutput.h"
 #include "host/menu/StatusItem.h"
+#include "renderer/gl/CountingGl.h"
 
 namespace host::app {
 
@@ -45,6 +46,10 @@ bool AppStateDiagnostics::statusIconVisible() const {
 
 QStringList AppStateDiagnostics::monitors() const {
     return output_.monitorReport();
+}
+
+qlonglong AppStateDiagnostics::glObjects() const {
+    return renderer::gl::CountingGl::liveObjects();
 }
 
 void AppStateDiagnostics::ToggleEnabled() {

@@ -25,6 +25,7 @@ class AppStateDiagnostics : public QObject {
     Q_PROPERTY(bool StatusIconVisible READ statusIconVisible)
     Q_PROPERTY(QString Scene READ scene)
     Q_PROPERTY(QStringList Monitors READ monitors)
+    Q_PROPERTY(qlonglong GlObjects READ glObjects)
 public:
     /// Object path of the diagnostics.
     static constexpr const char* objectPath = "/org/nivalis/Nivalis/Diagnostics";
@@ -45,6 +46,9 @@ public:
     QString scene() const;
     /// One line per monitor shown on: "<Display UUID> drawing|paused|covered <frames>".
     QStringList monitors() const;
+    /// GL objects the renderers have made and not deleted (buffers, textures, samplers,
+    /// programs, vertex arrays, framebuffers, renderbuffers), all monitors together.
+    qlonglong glObjects() const;
 
 public slots:
     /// Runs the menu's Enable/Disable.

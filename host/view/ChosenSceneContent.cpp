@@ -1,12 +1,53 @@
 #include "host/view/ChosenSceneContent.h"
 
+#include "renderer/assets/AssetTable.h"
+#include "renderer/gl/CountingGl.h"
+#include "renderer/gl/EpoxyGl.h"
 #include "renderer/scenes/NivalisRenderer.h"
 #include "renderer/scenes/SceneFactory.h"
-#include "renderer/gl/EpoxyGl.h"
+
+#include <epoxy/egl.h>
+
+#include <QOpenGLContext>
+
+#include <map>
+#include <utility>
 
 namespace host::view {
 
 namespace {
+
+// What every renderer of one scene in one GL share group uses in common: one Gl, counting the
+// objects made through it, and the asset table loaded by the first of them. It goes with the
+// last renderer, whose context is current then.
+struct SharedAssets {
+    renderer::gl::EpoxyGl epoxy;
+    renderer::gl::CountingGl gl{epoxy};
+    renderer::assets::AssetTable table{gl};
+};
+
+// The share group of the context current now: Qt's group of the X11 views' contexts, else the
+// EGL display, on which every context of the Wayland surfaces shares with the others.
+const void* currentShareGroup() {
+    if (QOpenGLContext* qt = QOpenGLContext::currentContext()) {
+        return qt->shareGroup();
+    }
+    return eglGetCurrentDisplay();
+}
+
+// The assets of `scene` for the share group current now: those that another monitor's renderer
+// of the scene holds, or new ones.
+std::shared_ptr<SharedAssets> sharedAssets(const QString& scene) {
+    static std::map<std::pair<QString, const void*>, std::weak_ptr<SharedAssets>> groups;
+    std::erase_if(groups, [](const auto& entry) { return entry.second.expired(); });
+    std::weak_ptr<SharedAssets>& slot = groups[{scene, currentShareGroup()}];
+    std::shared_ptr<SharedAssets> shared = slot.lock();
+    if (shared == nullptr) {
+        shared = std::make_shared<SharedAssets>();
+        slot = shared;
+    }
+    return shared;
+}
 
 // A scene's renderer over the GL context that is current when it is made (the view's). The time
 // of day is Nivalis's alone; the other scenes pass it by.
@@ -14,7 +55,8 @@ class SceneFrameRenderer : public FrameRenderer {
 public:
     SceneFrameRenderer(const QString& name, std::shared_ptr<engine::Scene> scene, const QString& resources,
                        const QString& sceneTime)
-        : renderer_(renderer::scenes::SceneFactory::makeRenderer(gl_, name.toStdString(), std::move(scene),
+        : shared_(sharedAssets(name)),
+          renderer_(renderer::scenes::SceneFactory::makeRenderer(shared_->gl, name.toStdString(), std::move(scene),
                                                                  options(resources), sceneTime.toStdString())),
           nivalis_(dynamic_cast<renderer::scenes::NivalisRenderer*>(renderer_.get())) {}
 
@@ -34,14 +76,15 @@ public:
     }
 
 private:
-    static renderer::SceneRenderer::Options options(const QString& resources) {
+    renderer::SceneRenderer::Options options(const QString& resources) const {
         renderer::SceneRenderer::Options result;
         result.resources = resources.toStdString();
+        result.assets = std::shared_ptr<renderer::assets::AssetTable>(shared_, &shared_->table);
         return result;
     }
 
-    // Declared first: the renderer releases its GL objects through it.
-    renderer::gl::EpoxyGl gl_;
+    // Declared first: the renderer releases its GL objects through its Gl.
+    std::shared_ptr<SharedAssets> shared_;
     std::unique_ptr<renderer::SceneRenderer> renderer_;
     renderer::scenes::NivalisRenderer* nivalis_;
 };

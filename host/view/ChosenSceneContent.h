@@ -16,6 +16,11 @@ namespace host::view {
 /// The content the desktop host shows: the scene the user chose, one of the four, and a renderer
 /// of it over the resources' folder of that scene each time a view appears. A new choice makes a
 /// new scene with the user's vignette and camera period; its renderer comes with the next view.
+///
+/// The renderers of every content showing the same scene in one GL share group (a monitor
+/// each) share one asset table: the first loads the meshes, textures and programs, the others
+/// take them as they are, and the last one to go frees them. Each keeps its own scene, pipelines,
+/// blur chains and multisampled target.
 class ChosenSceneContent : public SceneContent {
 public:
     /// Starts with the scene of `sceneName` (unknown names show Nivalis), flying its camera path

@@ -4,6 +4,8 @@
 #include <QOpenGLContext>
 #include <QSurfaceFormat>
 
+#include <vector>
+
 namespace host::view {
 
 namespace {
@@ -26,6 +28,13 @@ QSurfaceFormat viewFormat() {
     return format;
 }
 
+// The views' contexts that exist now: a new one shares objects with the first of them, so that
+// every monitor's renderer can take the assets another loaded.
+std::vector<QOpenGLContext*>& liveContexts() {
+    static std::vector<QOpenGLContext*> contexts;
+    return contexts;
+}
+
 } // namespace
 
 WallpaperView::WallpaperView(SceneContent& content, clock::ClockStyleManager& clockStyle, QWindow* parent)
@@ -42,6 +51,12 @@ WallpaperView::~WallpaperView() {
     if (context_ != nullptr) {
         context_->doneCurrent();
     }
+    releaseContext();
+}
+
+void WallpaperView::releaseContext() {
+    std::erase(liveContexts(), context_.get());
+    context_.reset();
 }
 
 void WallpaperView::appear() {
@@ -51,12 +66,19 @@ void WallpaperView::appear() {
     create();
     context_ = std::make_unique<QOpenGLContext>();
     context_->setFormat(format());
+    if (!liveContexts().empty()) {
+        // Where sharing cannot be had, Qt makes the context alone, in a share group of its own,
+        // and its renderer loads assets of its own.
+        context_->setShareContext(liveContexts().front());
+    }
     if (!context_->create()) {
         context_.reset();
+    } else {
+        liveContexts().push_back(context_.get());
     }
     driver_.appear();
     if (!driver_.hasAppeared()) {
-        context_.reset();
+        releaseContext();
     }
 }
 

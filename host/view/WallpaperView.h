@@ -24,7 +24,8 @@ class SceneContent;
 /// The drawing view of the X11 desktop window: a Qt GL window (OpenGL 3.3 core) that its
 /// frame driver draws into at the preferred rate, buffer swaps synchronised to the refresh.
 ///
-/// When it appears it makes its context and the driver makes a new renderer of the scene,
+/// When it appears it makes its context, sharing objects with the contexts of the views that
+/// exist (one per monitor), and the driver makes a new renderer of the scene,
 /// which becomes the current renderer; `appeared` follows. Everything about frames, timers
 /// and the clock is the driver's (see FrameDriver); the view only supplies the surface.
 class WallpaperView : public QWindow, private DrawingSurface {
@@ -88,6 +89,8 @@ private:
     double devicePixelRatio() const override;
     unsigned framebuffer() const override;
     void present() override;
+    /// Drops the context, and its place among those that new views share with.
+    void releaseContext();
 
     std::unique_ptr<QOpenGLContext> context_;
     FrameDriver driver_;

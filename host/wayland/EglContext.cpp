@@ -1,6 +1,21 @@
 #include "host/wayland/EglContext.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace host::wayland {
+
+namespace {
+
+// The contexts that exist now. One display is opened per connection and shared by them all; a
+// new context shares objects with the first one on its display, so that every monitor's
+// renderer can take the assets another loaded, and the display is terminated with the last.
+std::vector<EglContext*>& liveContexts() {
+    static std::vector<EglContext*> contexts;
+    return contexts;
+}
+
+} // namespace
 
 std::unique_ptr<EglContext> EglContext::create(wl_display* display) {
     std::unique_ptr<EglContext> result(new EglContext());
@@ -30,23 +45,41 @@ std::unique_ptr<EglContext> EglContext::create(wl_display* display) {
     const EGLint contextAttributes[] = {EGL_CONTEXT_MAJOR_VERSION, 3, EGL_CONTEXT_MINOR_VERSION, 3,
                                         EGL_CONTEXT_OPENGL_PROFILE_MASK, EGL_CONTEXT_OPENGL_CORE_PROFILE_BIT,
                                         EGL_NONE};
-    result->context_ = eglCreateContext(result->display_, result->config_, EGL_NO_CONTEXT, contextAttributes);
+    EGLContext share = EGL_NO_CONTEXT;
+    for (EglContext* other : liveContexts()) {
+        if (other->display_ == result->display_) {
+            share = other->context_;
+            break;
+        }
+    }
+    result->context_ = eglCreateContext(result->display_, result->config_, share, contextAttributes);
     if (result->context_ == EGL_NO_CONTEXT) {
+        // The renderers key their shared assets by the display: a context that cannot share
+        // with the others must not be had at all.
         return nullptr;
     }
+    liveContexts().push_back(result.get());
     result->surfaceless_ = epoxy_has_egl_extension(result->display_, "EGL_KHR_surfaceless_context");
     return result;
 }
 
 EglContext::~EglContext() {
+    std::erase(liveContexts(), this);
     if (display_ == EGL_NO_DISPLAY) {
         return;
     }
-    eglMakeCurrent(display_, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
+    if (eglGetCurrentContext() == context_) {
+        eglMakeCurrent(display_, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
+    }
     if (context_ != EGL_NO_CONTEXT) {
         eglDestroyContext(display_, context_);
     }
-    eglTerminate(display_);
+    // Terminating the display would take the other monitors' contexts with it.
+    const bool displayInUse = std::any_of(liveContexts().begin(), liveContexts().end(),
+                                          [this](const EglContext* other) { return other->display_ == display_; });
+    if (!displayInUse) {
+        eglTerminate(display_);
+    }
 }
 
 EGLSurface EglContext::createWindowSurface(void* eglWindow) {

@@ -9,7 +9,9 @@ struct wl_display;
 namespace host::wayland {
 
 /// An OpenGL 3.3 core context on the Wayland connection's EGL display, shared by every layer
-/// surface the wallpaper makes, so that the renderer and its assets outlive the surfaces.
+/// surface the wallpaper makes, so that the renderer and its assets outlive the surfaces. The
+/// contexts of the process (one per monitor) share objects with each other, so that the
+/// renderers of the monitors share one set of assets; the display stays open while any lives.
 class EglContext {
 public:
     /// The context on `display`; null when EGL or OpenGL 3.3 core cannot be had.
