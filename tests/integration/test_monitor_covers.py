@@ -3,9 +3,10 @@ dummy driver (two monitors) under openbox: both monitors show a picture and the 
 maximized xterm on the left monitor stops its frames while the right one keeps counting, and
 restoring it resumes them; a fullscreen xterm on the right does the same there; a maximized
 window on another workspace pauses nothing; a monitor plugged in gets a surface, and unplugged
-loses it and gives its memory back; turning All displays off leaves one. The diagnostics tell each monitor's state and frames."""
+loses it and gives its memory and its GL objects back; turning All displays off leaves one. The diagnostics tell each monitor's state and frames."""
 
 import os
+import re
 import sys
 import time
 import uuid
@@ -42,6 +43,11 @@ def settle_rss(desktop):
     return desktop.rss_kib()
 
 
+def gl_objects(desktop):
+    """The GL objects the renderers hold, from the diagnostics."""
+    return int(re.search(r"int64 (-?\d+)", desktop.diagnostic("GlObjects")).group(1))
+
+
 def halves_differ(path, desktop):
     width, height, rows = L.grab_root(desktop.display)
     L.write_png(path, width, height, rows)
@@ -64,10 +70,16 @@ def main():
         desktop.start_nivalis(binary, {"allDisplays": "true", "fps": "20"})
         L.wait_for(lambda: desktop.monitors().get(LEFT, ("", 0))[1] > 5, timeout=60, what="frames on LEFT")
         one_monitor = settle_rss(desktop)
+        objects_one = gl_objects(desktop)
 
         desktop.xrandr("--setmonitor", "RIGHT", "1920/508x1080/286+1920+0", "none")
         expect(desktop, "drawing", "drawing", "RIGHT plugged in")
         two_monitors = settle_rss(desktop)
+        objects_two = gl_objects(desktop)
+        # The second monitor shares the first one's meshes, textures and programs: what it adds
+        # is its own pipelines, blur chains and targets, fewer objects than the first holds.
+        assert objects_one < objects_two < 2 * objects_one, "GL objects: one monitor %d, two %d" % (
+            objects_one, objects_two)
         time.sleep(1.0)
         halves_differ(os.path.join(shots or desktop.tmp, "all-displays.png"), desktop)
 
@@ -106,6 +118,9 @@ def main():
         L.wait_for(lambda: list(desktop.monitors()) == [LEFT], what="RIGHT's surface gone: %s" % desktop.monitors())
         unplugged = settle_rss(desktop)
         print("RSS KiB: one monitor %d, two %d, after unplugging %d" % (one_monitor, two_monitors, unplugged))
+        print("GL objects: one monitor %d, two %d, after unplugging %d" % (objects_one, objects_two,
+                                                                         gl_objects(desktop)))
+        assert gl_objects(desktop) == objects_one, "the second monitor's GL objects stayed"
         # What the second monitor cost comes back, all but a quarter (the allocator keeps some).
         assert unplugged - one_monitor < (two_monitors - one_monitor) / 4, "the second monitor's memory stayed"
 

@@ -1,7 +1,9 @@
 #!/usr/bin/env python3
 """All displays on headless sway with two outputs: each output gets its own layer surface and
 its own picture; a fullscreen window on the first output pauses that output's surface only
-(the compositor's list of windows tells), and leaving fullscreen resumes it."""
+(the compositor's list of windows tells), and leaving fullscreen resumes it. Taking the second
+output away drops its surface and every GL object its renderer made; it comes back when the
+output returns."""
 
 import json
 import os
@@ -66,6 +68,26 @@ def main():
         expect(["covered", "drawing"], "fullscreen window on the first output")
         sway.swaymsg(FLOWER, "fullscreen", "disable")
         expect(["drawing", "drawing"], "fullscreen left")
+
+        def gl_objects():
+            return int(diagnostics.Get(S.DIAGNOSTICS_IFACE, "GlObjects", dbus_interface="org.freedesktop.DBus.Properties"))
+
+        objects_two = gl_objects()
+        sway.swaymsg("output", outputs[1], "disable")
+        W.wait_until(lambda: len(monitors()) == 1, 30, "the second output's surface gone")
+        time.sleep(1.0)
+        objects_one = gl_objects()
+        # The monitors share meshes, textures and programs: the second adds fewer than the first.
+        assert 0 < objects_one < objects_two < 2 * objects_one, "GL objects: two outputs %d, one %d" % (
+            objects_two, objects_one)
+        sway.swaymsg("output", outputs[1], "enable")
+        expect(["drawing", "drawing"], "the second output back")
+        sway.swaymsg("output", outputs[1], "disable")
+        W.wait_until(lambda: len(monitors()) == 1, 30, "the second output's surface gone again")
+        time.sleep(1.0)
+        print("GL objects: two outputs %d, one %d, after the second went again %d" % (
+            objects_two, objects_one, gl_objects()))
+        assert gl_objects() == objects_one, "the second output's GL objects stayed"
     finally:
         if nivalis:
             nivalis.stop()
