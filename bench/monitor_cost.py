@@ -65,7 +65,7 @@ def measure(build):
     desktop = L.Desktop(multi_monitor=True)
     cover = None
     try:
-        desktop.xrandr("--fb", "%dx%d" % (2 * WIDTH, HEIGHT))
+        desktop.xrandr("--fb", "%dx%d" % (max(2 * WIDTH, 3840), max(HEIGHT, 1080)))
         desktop.xrandr("--setmonitor", "LEFT", "%d/508x%d/286+0+0" % (WIDTH, HEIGHT), "DUMMY0")
         desktop.start_nivalis(binary, {"allDisplays": "true", "fps": "30"})
         L.wait_for(lambda: len(desktop.monitors()) == 1, timeout=60, what="the first monitor")
