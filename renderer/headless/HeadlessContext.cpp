@@ -91,6 +91,10 @@ std::string glString(GLenum name) {
     throw std::runtime_error("Cannot create headless OpenGL context: " + step + " (EGL error " + code + ")");
 }
 
+const EGLint CONTEXT_ATTRIBUTES[] = {EGL_CONTEXT_MAJOR_VERSION, 3, EGL_CONTEXT_MINOR_VERSION, 3,
+                                     EGL_CONTEXT_OPENGL_PROFILE_MASK, EGL_CONTEXT_OPENGL_CORE_PROFILE_BIT,
+                                     EGL_NONE};
+
 } // namespace
 
 HeadlessContext::HeadlessContext(Platform platform) {
@@ -141,10 +145,7 @@ HeadlessContext::HeadlessContext(Platform platform) {
             fail("no OpenGL config");
         }
     }
-    const EGLint contextAttributes[] = {EGL_CONTEXT_MAJOR_VERSION, 3, EGL_CONTEXT_MINOR_VERSION, 3,
-                                        EGL_CONTEXT_OPENGL_PROFILE_MASK, EGL_CONTEXT_OPENGL_CORE_PROFILE_BIT,
-                                        EGL_NONE};
-    EGLContext context = eglCreateContext(display, config, EGL_NO_CONTEXT, contextAttributes);
+    EGLContext context = eglCreateContext(display, config, EGL_NO_CONTEXT, CONTEXT_ATTRIBUTES);
     if (context == EGL_NO_CONTEXT) {
         eglTerminate(display);
         fail("eglCreateContext for OpenGL 3.3 core");
@@ -155,12 +156,36 @@ HeadlessContext::HeadlessContext(Platform platform) {
         fail("eglMakeCurrent without a surface");
     }
     context_ = context;
+    config_ = config;
     rendererName_ = glString(GL_RENDERER);
     versionString_ = glString(GL_VERSION);
 }
 
+HeadlessContext::HeadlessContext(const HeadlessContext* group)
+    : platform_(group->platform_), display_(group->display_), config_(group->config_), ownsDisplay_(false),
+      rendererName_(group->rendererName_), versionString_(group->versionString_) {
+    auto display = static_cast<EGLDisplay>(display_);
+    EGLContext context = eglCreateContext(display, static_cast<EGLConfig>(config_),
+                                          static_cast<EGLContext>(group->context_), CONTEXT_ATTRIBUTES);
+    if (context == EGL_NO_CONTEXT) {
+        fail("eglCreateContext sharing another context");
+    }
+    if (!eglMakeCurrent(display, EGL_NO_SURFACE, EGL_NO_SURFACE, context)) {
+        eglDestroyContext(display, context);
+        fail("eglMakeCurrent without a surface");
+    }
+    context_ = context;
+}
+
 HeadlessContext::~HeadlessContext() {
     auto display = static_cast<EGLDisplay>(display_);
+    if (!ownsDisplay_) {
+        if (eglGetCurrentContext() == static_cast<EGLContext>(context_)) {
+            eglMakeCurrent(display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
+        }
+        eglDestroyContext(display, static_cast<EGLContext>(context_));
+        return;
+    }
     eglMakeCurrent(display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
     eglDestroyContext(display, static_cast<EGLContext>(context_));
     eglTerminate(display);

@@ -9,7 +9,8 @@ namespace renderer::headless {
 /// the object lives. It is what tests, previews and benchmarks draw with: on a machine with a
 /// vendor driver it runs on that GPU through the EGL device platform, elsewhere on Mesa's
 /// software rasteriser through the surfaceless platform. It owns no framebuffer of its own;
-/// one context at a time per process (closing it terminates the EGL display it opened);
+/// one display at a time per process (closing it terminates the EGL display it opened), with
+/// one context, or more that share their objects with the first;
 /// drawing goes into framebuffer objects such as `OffscreenTarget`.
 class HeadlessContext {
 public:
@@ -30,6 +31,10 @@ public:
     /// 3.3 core context and makes it current without a surface. Throws std::runtime_error
     /// naming the step that failed when no such context can be had.
     explicit HeadlessContext(Platform platform = Platform::AUTO);
+    /// A second context on the display of `*group`, sharing its objects (buffers, textures,
+    /// samplers, programs), and made current: two monitors' contexts, for tests. It must go
+    /// before `*group`, which alone closes the display. Throws as the other constructor does.
+    explicit HeadlessContext(const HeadlessContext* group);
     /// Releases the context and the display.
     ~HeadlessContext();
 
@@ -51,6 +56,8 @@ private:
     Platform platform_ = Platform::AUTO;
     void* display_ = nullptr;
     void* context_ = nullptr;
+    void* config_ = nullptr;
+    bool ownsDisplay_ = true;
     std::string rendererName_;
     std::string versionString_;
 };

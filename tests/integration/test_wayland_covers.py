@@ -71,17 +71,15 @@ def main():
         def gl_objects():
             return int(diagnostics.Get(S.DIAGNOSTICS_IFACE, "GlObjects", dbus_interface="org.freedesktop.DBus.Properties"))
 
-        def gl_objects_with(all_displays, outputs):
+        # One output, two, one again (as when one is unplugged): the second shares the first one's
+        # meshes, textures and programs, so it adds fewer GL objects, and gives them all back.
+        counts = []
+        for all_displays, count in (("false", 1), ("true", 2), ("false", 1)):
             nivalis.config("set", "allDisplays", all_displays)
-            W.wait_until(lambda: len(monitors()) == outputs, 30, "%d outputs: %s" % (outputs, monitors()))
+            W.wait_until(lambda: len(monitors()) == count, 30, "%d outputs: %s" % (count, monitors()))
             time.sleep(1.0)
-            return int(diagnostics.Get(S.DIAGNOSTICS_IFACE, "GlObjects", dbus_interface="org.freedesktop.DBus.Properties"))
-
-        # One output, two, one again (the way of an unplugged output): the outputs share meshes,
-        # textures and programs, so the second adds fewer objects than the first holds, and
-        # dropping it gives them all back.
-        counts = [gl_objects_with(*step) for step in (("false", 1), ("true", 2), ("false", 1))]
-        print("GL objects: one output, two, one again: %s" % counts)
+            counts.append(int(diagnostics.Get(S.DIAGNOSTICS_IFACE, "GlObjects",
+                                              dbus_interface="org.freedesktop.DBus.Properties")))
         assert counts[0] < counts[1] < 2 * counts[0] and counts[2] == counts[0], "GL objects %s" % counts
     finally:
         if nivalis:
