@@ -68,9 +68,6 @@ def main():
         sway.swaymsg(FLOWER, "fullscreen", "disable")
         expect(["drawing", "drawing"], "fullscreen left")
 
-        def gl_objects():
-            return int(diagnostics.Get(S.DIAGNOSTICS_IFACE, "GlObjects", dbus_interface="org.freedesktop.DBus.Properties"))
-
         # One output, two, one again (as when one is unplugged): the second shares the first one's
         # meshes, textures and programs, so it adds fewer GL objects, and gives them all back.
         counts = []
