@@ -88,6 +88,9 @@ public:
         std::array<double, 4> viewClearColor{0.0, 0.0, 0.0, 1.0};
         gpu::LoadAction viewDepthLoadAction = gpu::LoadAction::CLEAR;
         double viewClearDepth = 1.0;
+        /// Where linked programs are kept as the driver's binaries from one run to the next (see
+        /// gpu::ProgramBinaryCache); empty for no cache, every program compiled from its sources.
+        std::filesystem::path programCache;
     };
 
     /// The most elements one uniform may have.
@@ -160,6 +163,12 @@ public:
 
     // ---- Fields -----------------------------------------------------------------------------
 
+private:
+    /// The GL given, with programs made through the program binary cache; null without a cache.
+    std::unique_ptr<gl::Gl> cachingGl_;
+
+public:
+    /// The GL that every part of the renderer works through.
     gl::Gl& gl;
     std::shared_ptr<engine::Scene> scene;
     std::string resourcesRoot;

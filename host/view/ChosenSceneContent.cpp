@@ -4,6 +4,9 @@
 #include "renderer/scenes/SceneFactory.h"
 #include "renderer/gl/EpoxyGl.h"
 
+#include <QDir>
+#include <QStandardPaths>
+
 namespace host::view {
 
 namespace {
@@ -37,6 +40,11 @@ private:
     static renderer::SceneRenderer::Options options(const QString& resources) {
         renderer::SceneRenderer::Options result;
         result.resources = resources.toStdString();
+        // $XDG_CACHE_HOME/nivalis: programs load from the driver's binaries on later starts.
+        const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+        if (!cache.isEmpty()) {
+            result.programCache = QDir(cache).filePath(QStringLiteral("nivalis")).toStdString();
+        }
         return result;
     }
 
