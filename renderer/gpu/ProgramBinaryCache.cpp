@@ -4,11 +4,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
+#include <initializer_list>
 #include <sstream>
 #include <system_error>
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include "renderer/gl/ForwardingGl.h"
