@@ -3,8 +3,9 @@
 with a cold cache (a fresh XDG_CACHE_HOME each run) and a warm one (one primed XDG_CACHE_HOME
 for all runs). Given two build directories it measures both in one run, alternating them run
 by run so that the load of the machine falls on both alike, and prints the ratio of the
-medians; it ends with the start-up trace (NIVALIS_TRACE_STARTUP=1) of one cold and one warm run
-of the last.
+medians. The last build also runs warm without $XDG_CACHE_HOME/nivalis (Mesa's own shader cache
+kept): what the program binary cache alone is worth. It ends with the start-up trace
+(NIVALIS_TRACE_STARTUP=1) of one cold and one warm run of the last.
 
 Usage: bench/startup.py [before-build-dir] build-dir     (default build/)
 Environment: RUNS (7 per build and cache state).
@@ -86,12 +87,18 @@ def main():
             launch(desktop, binary, cache)
         cold_times = [[] for _ in binaries]
         warm_times = [[] for _ in binaries]
+        mesa_times = []
         for _ in range(RUNS):
             for i, binary in enumerate(binaries):
                 cold = tempfile.mkdtemp(prefix="cold-", dir=desktop.tmp)
                 cold_times[i].append(launch(desktop, binary, cold)[0])
                 shutil.rmtree(cold, ignore_errors=True)
                 warm_times[i].append(launch(desktop, binary, warm[i])[0])
+            # The last build once more with Mesa's cache warm but without the program cache.
+            mesa = tempfile.mkdtemp(prefix="mesa-", dir=desktop.tmp)
+            shutil.copytree(warm[-1], mesa, dirs_exist_ok=True, ignore=shutil.ignore_patterns("nivalis"))
+            mesa_times.append(launch(desktop, binaries[-1], mesa)[0])
+            shutil.rmtree(mesa, ignore_errors=True)
         print("launch to first frame, Xvfb 1920x1080, median of %d runs (min-max):" % RUNS)
         for label, times in (("cold", cold_times), ("warm", warm_times)):
             medians = [statistics.median(t) for t in times]
@@ -99,6 +106,8 @@ def main():
                 print("  %-4s %-40s %6.3f s  (%.3f-%.3f)" % (label, build, median, min(t), max(t)))
             if len(medians) == 2:
                 print("  %-4s after/before %.2f" % (label, medians[1] / medians[0]))
+        print("  warm, no program cache (Mesa's own cache only) %s %6.3f s  (%.3f-%.3f)" % (
+            builds[-1], statistics.median(mesa_times), min(mesa_times), max(mesa_times)))
         cold = tempfile.mkdtemp(prefix="cold-", dir=desktop.tmp)
         for label, cache in (("cold", cold), ("warm", warm[-1])):
             seconds, log = launch(desktop, binaries[-1], cache, trace=True)
