@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Time from launch to the first picture of the wallpaper, on Xvfb at 1920x1080 under openbox,
+"""Time from launch to the first picture of the wallpaper, on Xvfb (1920x1080) under openbox,
 with a cold cache (a fresh XDG_CACHE_HOME each run) and a warm one (one primed XDG_CACHE_HOME
 for all runs). Given two build directories it measures both in one run, alternating them run
 by run so that the load of the machine falls on both alike, and prints the ratio of the
@@ -8,7 +8,7 @@ kept): what the program binary cache alone is worth. It ends with the start-up t
 (NIVALIS_TRACE_STARTUP=1) of one cold and one warm run of the last.
 
 Usage: bench/startup.py [before-build-dir] build-dir     (default build/)
-Environment: RUNS (7 per build and cache state).
+Environment: RUNS (7 per build and cache state), SIZE (1920x1080, the screen).
 
 Launch is the moment before the process is spawned, on a session bus that runs all along (as in
 a desktop session); the first picture is the first poll, every 10 ms, that finds the
@@ -30,6 +30,7 @@ sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), ".."
 import lib_desktop as L  # noqa: E402
 
 RUNS = int(os.environ.get("RUNS", "7"))
+WIDTH, HEIGHT = (int(v) for v in os.environ.get("SIZE", "1920x1080").split("x"))
 
 
 def frame_count(desktop, address):
@@ -77,7 +78,7 @@ def main():
                 break
         else:
             sys.exit("no nivalis in " + build)
-    desktop = L.Desktop(size=(1920, 1080))
+    desktop = L.Desktop(size=(WIDTH, HEIGHT))
     bus = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--print-address=1"], env=desktop.env,
                            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
     desktop.env["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
@@ -99,7 +100,7 @@ def main():
             shutil.copytree(warm[-1], mesa, dirs_exist_ok=True, ignore=shutil.ignore_patterns("nivalis"))
             mesa_times.append(launch(desktop, binaries[-1], mesa)[0])
             shutil.rmtree(mesa, ignore_errors=True)
-        print("launch to first frame, Xvfb 1920x1080, median of %d runs (min-max):" % RUNS)
+        print("launch to first frame, Xvfb %dx%d, median of %d runs (min-max):" % (WIDTH, HEIGHT, RUNS))
         for label, times in (("cold", cold_times), ("warm", warm_times)):
             medians = [statistics.median(t) for t in times]
             for build, t, median in zip(builds, times, medians):
