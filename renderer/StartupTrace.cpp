@@ -43,7 +43,7 @@ double processStart() {
     return secondsSinceBoot();
 }
 
-std::atomic<bool>& open() {
+std::atomic<bool>& switchedOn() {
     static std::atomic<bool> on = [] {
         const char* value = std::getenv("NIVALIS_TRACE_STARTUP");
         return value != nullptr && *value != '\0' && std::strcmp(value, "0") != 0;
@@ -66,7 +66,7 @@ void write(std::string_view step) {
 
 } // namespace
 
-bool StartupTrace::active() { return open().load(std::memory_order_relaxed); }
+bool StartupTrace::active() { return switchedOn().load(std::memory_order_relaxed); }
 
 void StartupTrace::mark(std::string_view step) {
     if (active()) {
@@ -75,7 +75,7 @@ void StartupTrace::mark(std::string_view step) {
 }
 
 void StartupTrace::finish(std::string_view step) {
-    if (open().exchange(false)) {
+    if (switchedOn().exchange(false)) {
         write(step);
     }
 }
