@@ -138,6 +138,14 @@ public:
     void beginTimeQuery(GLuint q) override { inner_.beginTimeQuery(q); }
     void endTimeQuery() override { inner_.endTimeQuery(); }
     std::uint64_t timeQueryResult(GLuint q) override { return inner_.timeQueryResult(q); }
+    void driverName(std::string& name) const override { inner_.driverName(name); }
+    GLint programBinaryFormats() const override { return inner_.programBinaryFormats(); }
+    bool programBinary(GLuint p, GLenum& f, std::vector<std::byte>& b) override {
+        return ++counts[PROGRAM], inner_.programBinary(p, f, b);
+    }
+    GLuint createProgramFromBinary(GLenum f, std::span<const std::byte> b) override {
+        return ++counts[PROGRAM], inner_.createProgramFromBinary(f, b);
+    }
 
 private:
     Gl& inner_;

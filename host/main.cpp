@@ -15,6 +15,7 @@
 #include "host/window/DisplayCatalogue.h"
 #include "host/window/DisplayObservable.h"
 #include "host/window/X11CoverWatcher.h"
+#include "renderer/StartupTrace.h"
 
 #include <QCoreApplication>
 
@@ -23,6 +24,7 @@
 #include <memory>
 
 int main(int argc, char** argv) {
+    renderer::StartupTrace::mark("main entered");
     if (auto status = host::app::CommandLine::answer(argc, argv, std::cout, std::cerr)) {
         return *status;
     }

@@ -4,9 +4,11 @@
 #include <chrono>
 
 #include "renderer/Fatal.h"
+#include "renderer/gpu/ProgramBinaryCache.h"
 #include "renderer/loaders/HalfFloat.h"
 #include "renderer/SceneUtils.h"
 #include "renderer/passes/VignetteUtils.h"
+#include "renderer/StartupTrace.h"
 
 namespace renderer {
 
@@ -33,15 +35,16 @@ std::optional<std::pair<std::int32_t, std::int32_t>> drawableSize(double width, 
 
 SceneRenderer::SceneRenderer(gl::Gl& gl_, std::shared_ptr<engine::Scene> scene_, std::string resourcesRoot_,
                              Options options_)
-    : gl(gl_), scene(std::move(scene_)), resourcesRoot(std::move(resourcesRoot_)), options(std::move(options_)),
-      encoder(gl_) {
+    : cachingGl_(gpu::ProgramBinaryCache::wrap(gl_, options_.programCache)), gl(cachingGl_ ? *cachingGl_ : gl_),
+      scene(std::move(scene_)), resourcesRoot(std::move(resourcesRoot_)), options(std::move(options_)), encoder(gl_) {
     start();
 }
 
 SceneRenderer::SceneRenderer(gl::Gl& gl_, std::shared_ptr<engine::Scene> scene_, std::string resourcesRoot_,
                              Options options_, const uniforms::ShaderUniforms& uniforms)
-    : gl(gl_), scene(std::move(scene_)), resourcesRoot(std::move(resourcesRoot_)), options(std::move(options_)),
-      encoder(gl_), uniforms_(&uniforms) {
+    : cachingGl_(gpu::ProgramBinaryCache::wrap(gl_, options_.programCache)), gl(cachingGl_ ? *cachingGl_ : gl_),
+      scene(std::move(scene_)), resourcesRoot(std::move(resourcesRoot_)), options(std::move(options_)), encoder(gl_),
+      uniforms_(&uniforms) {
     start();
 }
 
@@ -55,12 +58,18 @@ void SceneRenderer::start() {
     if (gl.version() < 33) {
         Fatal::stop("GPU not available");
     }
+    StartupTrace::mark("renderer started");
     loadShaders();
+    StartupTrace::mark("shader sources read");
     loadModels();
+    StartupTrace::mark("models read and uploaded");
     loadTextures();
+    StartupTrace::mark("textures decoded and uploaded");
     loadVignette();
+    StartupTrace::mark("vignette read, its program linked");
     scene->initialize();
     scene->loaded = true;
+    StartupTrace::mark("scene initialised");
 }
 
 const uniforms::ShaderUniforms& SceneRenderer::shaderUniforms() const { Fatal::stop("Not implemented"); }
@@ -96,6 +105,7 @@ void SceneRenderer::loadVignette() {
 // ---- The frame -----------------------------------------------------------------------------
 
 int SceneRenderer::drawFrame(const FrameTarget& target) {
+    StartupTrace::mark("first frame begun");
     if (auto size = drawableSize(target.width, target.height)) {
         if (scene->viewportWidth != size->first || scene->viewportHeight != size->second) {
             scene->updateViewportSize(size->first, size->second);
@@ -104,6 +114,11 @@ int SceneRenderer::drawFrame(const FrameTarget& target) {
     scene->updateTimers(now() * 1000.0);
     presents_ = 0;
     processCommands(scene->getCommands(), target);
+    if (StartupTrace::active()) {
+        // Only while tracing: the frame's GPU work apart from the host's swap.
+        gl.finish();
+        StartupTrace::mark("first frame rendered, its programs linked");
+    }
     return presents_;
 }
 

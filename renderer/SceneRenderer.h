@@ -92,6 +92,9 @@ public:
         /// objects with this one (a monitor each), over the same `Gl`: the first renderer loads
         /// it, the others only number their scene from it. Empty: a table of the renderer's own.
         std::shared_ptr<assets::AssetTable> assets;
+        /// Where linked programs are kept as the driver's binaries from one run to the next (see
+        /// gpu::ProgramBinaryCache); empty for no cache, every program compiled from its sources.
+        std::filesystem::path programCache;
     };
 
     /// The most elements one uniform may have.
@@ -164,6 +167,12 @@ public:
 
     // ---- Fields -----------------------------------------------------------------------------
 
+private:
+    /// The GL given, with programs made through the program binary cache; null without a cache.
+    std::unique_ptr<gl::Gl> cachingGl_;
+
+public:
+    /// The GL that every part of the renderer works through.
     gl::Gl& gl;
     std::shared_ptr<engine::Scene> scene;
     std::string resourcesRoot;

@@ -6,6 +6,7 @@
 #include "host/settings/Settings.h"
 #include "host/system/PowerSourceWatcher.h"
 #include "host/system/SystemEvents.h"
+#include "renderer/StartupTrace.h"
 #include "renderer/scenes/SceneFactory.h"
 
 #include <QCoreApplication>
@@ -45,9 +46,13 @@ void AppState::finishLaunching() {
         return;
     }
     launched_ = true;
+    renderer::StartupTrace::mark("launch finishing");
     ensureStatusItem();
+    renderer::StartupTrace::mark("tray icon made");
     output_.createWindow();
+    renderer::StartupTrace::mark("window created");
     setUpEvents();
+    renderer::StartupTrace::mark("settings applied");
 }
 
 menu::StatusItem& AppState::ensureStatusItem() {

@@ -11,6 +11,7 @@
 #include "host/system/SingleInstance.h"
 #include "host/system/UPowerSourceWatcher.h"
 #include "host/ui/WindowKeys.h"
+#include "renderer/StartupTrace.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -67,7 +68,9 @@ int Application::run(int argc, char** argv, const Parts& parts) {
         return 1;
     }
 
+    renderer::StartupTrace::mark("platform chosen");
     QApplication app(argc, argv);
+    renderer::StartupTrace::mark("Qt up");
     nameApplication();
     QGuiApplication::setApplicationDisplayName(displayName());
     QGuiApplication::setDesktopFileName(QStringLiteral("io.github.nivalis.Nivalis"));
@@ -80,11 +83,14 @@ int Application::run(int argc, char** argv, const Parts& parts) {
         return 0;
     }
 
+    renderer::StartupTrace::mark("single instance claimed");
     settings::Settings settings(settings::SettingsStore::defaultFilePath());
+    renderer::StartupTrace::mark("settings read");
     system::LaunchAtLogin launchAtLogin(system::LaunchAtLogin::defaultEntryPath(),
                                         QCoreApplication::applicationFilePath());
     system::DBusSystemEvents events;
     std::unique_ptr<WallpaperOutput> output = parts.makeOutput(settings, events, choice);
+    renderer::StartupTrace::mark("output made");
     AppState state({settings, *output, events, system::UPowerSourceWatcher::create(), std::cout});
 
     // A second launch reveals the tray icon; where there is no tray, where the icon could not
@@ -108,6 +114,7 @@ int Application::run(int argc, char** argv, const Parts& parts) {
 
     AppStateDiagnostics diagnostics(state, *output);
     diagnostics.publish(QDBusConnection::sessionBus());
+    renderer::StartupTrace::mark("event loop entered");
 
     return app.exec();
 }

@@ -8,7 +8,9 @@
 
 #include <epoxy/egl.h>
 
+#include <QDir>
 #include <QOpenGLContext>
+#include <QStandardPaths>
 
 #include <map>
 #include <utility>
@@ -80,6 +82,11 @@ private:
         renderer::SceneRenderer::Options result;
         result.resources = resources.toStdString();
         result.assets = std::shared_ptr<renderer::assets::AssetTable>(shared_, &shared_->table);
+        // $XDG_CACHE_HOME/nivalis: programs load from the driver's binaries on later starts.
+        const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+        if (!cache.isEmpty()) {
+            result.programCache = QDir(cache).filePath(QStringLiteral("nivalis")).toStdString();
+        }
         return result;
     }
 

@@ -6,6 +6,7 @@
 #include "host/view/DrawingSurface.h"
 #include "host/view/FrameRenderer.h"
 #include "host/view/SceneContent.h"
+#include "renderer/StartupTrace.h"
 
 #include <QTime>
 
@@ -184,6 +185,7 @@ bool FrameDriver::renderNow() {
     overlay_.draw(framebuffer, size.width(), size.height());
     surface_.present();
     ++frames_;
+    renderer::StartupTrace::finish("first frame shown");
     emit frameDrawn();
     return true;
 }

@@ -325,4 +325,51 @@ void EpoxyGl::bindForUpload(GLuint texture) {
     glBindTexture(GL_TEXTURE_2D, texture);
 }
 
+// ---- Program binaries, for the program binary cache -----------------------------------------
+
+void EpoxyGl::driverName(std::string& name) const {
+    auto text = [](GLenum which) {
+        const GLubyte* value = glGetString(which);
+        return value != nullptr ? std::string(reinterpret_cast<const char*>(value)) : std::string();
+    };
+    name = text(GL_VENDOR) + " / " + text(GL_RENDERER) + " / " + text(GL_VERSION);
+}
+
+GLint EpoxyGl::programBinaryFormats() const {
+    if (version_ < 41 && !epoxy_has_gl_extension("GL_ARB_get_program_binary")) {
+        return 0;
+    }
+    GLint formats = 0;
+    glGetIntegerv(GL_NUM_PROGRAM_BINARY_FORMATS, &formats);
+    return formats;
+}
+
+bool EpoxyGl::programBinary(GLuint program, GLenum& format, std::vector<std::byte>& binary) {
+    GLint length = 0;
+    glGetProgramiv(program, GL_PROGRAM_BINARY_LENGTH, &length);
+    if (length <= 0) {
+        return false;
+    }
+    binary.resize(static_cast<std::size_t>(length));
+    GLsizei written = 0;
+    glGetProgramBinary(program, length, &written, &format, binary.data());
+    binary.resize(static_cast<std::size_t>(written > 0 ? written : 0));
+    return !binary.empty();
+}
+
+GLuint EpoxyGl::createProgramFromBinary(GLenum format, std::span<const std::byte> binary) {
+    const GLuint program = glCreateProgram();
+    glProgramBinary(program, format, binary.data(), static_cast<GLsizei>(binary.size()));
+    GLint ok = GL_FALSE;
+    glGetProgramiv(program, GL_LINK_STATUS, &ok);
+    // A format the driver does not know raises GL_INVALID_ENUM; the program then simply failed.
+    while (glGetError() != GL_NO_ERROR) {
+    }
+    if (ok != GL_TRUE) {
+        glDeleteProgram(program);
+        return 0;
+    }
+    return program;
+}
+
 } // namespace renderer::gl

@@ -1,5 +1,7 @@
 #include "renderer/gpu/ShaderProgram.h"
 
+#include "renderer/gl/ForwardingGl.h"
+
 namespace renderer::gpu {
 
 std::shared_ptr<ShaderProgram> ShaderProgram::link(gl::Gl& gl, std::string_view vertexSource,
@@ -8,7 +10,9 @@ std::shared_ptr<ShaderProgram> ShaderProgram::link(gl::Gl& gl, std::string_view 
     if (program == 0) {
         return nullptr;
     }
-    std::shared_ptr<ShaderProgram> result(new ShaderProgram(gl, program));
+    // A program may outlive the renderer whose (forwarding) Gl linked it; it is released through
+    // the Gl underneath.
+    std::shared_ptr<ShaderProgram> result(new ShaderProgram(gl::ForwardingGl::innermost(gl), program));
     for (int slot = 0; slot < BUFFER_SLOTS; ++slot) {
         result->vertexUniforms_[slot] = gl.uniformLocation(program, ("uVertex" + std::to_string(slot)).c_str());
         result->fragmentUniforms_[slot] = gl.uniformLocation(program, ("uFragment" + std::to_string(slot)).c_str());

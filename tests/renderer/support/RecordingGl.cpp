@@ -601,4 +601,13 @@ std::uint64_t RecordingGl::timeQueryResult(GLuint query) {
     return 1000;
 }
 
+// The fake hands out no program binaries, so that no cache is ever made over it.
+void RecordingGl::driverName(std::string& name) const { name = "recording"; }
+
+GLint RecordingGl::programBinaryFormats() const { return 0; }
+
+bool RecordingGl::programBinary(GLuint, GLenum&, std::vector<std::byte>&) { return false; }
+
+GLuint RecordingGl::createProgramFromBinary(GLenum, std::span<const std::byte>) { return 0; }
+
 } // namespace renderer::test
