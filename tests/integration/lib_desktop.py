@@ -111,6 +111,7 @@ class Desktop:
         self.env["QT_QPA_PLATFORM"] = "xcb"
         self.env["XDG_CONFIG_HOME"] = os.path.join(self.tmp, "config")
         self.env["XDG_RUNTIME_DIR"] = os.path.join(self.tmp, "runtime")
+        self.env["XDG_CACHE_HOME"] = os.path.join(self.tmp, "cache")
         os.makedirs(self.env["XDG_RUNTIME_DIR"], mode=0o700)
         os.makedirs(self.env["XDG_CONFIG_HOME"])
         self.start(["openbox", "--sm-disable"])

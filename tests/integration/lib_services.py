@@ -206,6 +206,7 @@ class Nivalis:
 
     def __init__(self, display, home):
         self.env = dict(os.environ, DISPLAY=display, HOME=home, XDG_CONFIG_HOME=os.path.join(home, "config"),
+                        XDG_CACHE_HOME=os.path.join(home, "cache"),
                         XDG_SESSION_ID=SESSION_ID, XDG_RUNTIME_DIR=runtime_dir(home), QT_QPA_PLATFORM="xcb", LIBGL_ALWAYS_SOFTWARE="1")
         self.env.pop("WAYLAND_DISPLAY", None)
         self.lines = []

@@ -48,6 +48,7 @@ def as_unprivileged():
     env = dict(os.environ, NIVALIS_BIN=os.path.join(root, "bin", "nivalis"), HOME=home, USER="nobody",
                **{UNPRIVILEGED_MARK: "1"})
     env.pop("XDG_RUNTIME_DIR", None)
+    env.pop("XDG_CACHE_HOME", None)
     env.pop("DBUS_SESSION_BUS_ADDRESS", None)
     command = ["setpriv", "--reuid=%d" % nobody.pw_uid, "--regid=%d" % nobody.pw_gid, "--clear-groups",
                "/usr/bin/python3", script] + sys.argv[1:]
