@@ -32,6 +32,7 @@ public:
             nivalis_->updateDynamicTimeOfDay();
         }
     }
+    void setQuality(renderer::RenderQuality quality) override { renderer_->setQuality(quality); }
 
 private:
     static renderer::SceneRenderer::Options options(const QString& resources) {

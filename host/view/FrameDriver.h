@@ -2,6 +2,7 @@
 
 #include "host/view/ClockOverlay.h"
 #include "host/view/FrameClock.h"
+#include "renderer/RenderQuality.h"
 
 #include <QImage>
 #include <QObject>
@@ -61,6 +62,11 @@ public:
     FrameRenderer* renderer() const { return renderer_.get(); }
     /// The frame clock (a surface paced by its compositor tells it of each presentation).
     FrameClock& frameClock() { return frameClock_; }
+
+    /// The quality that every driver's renderer draws its next frame in, process-wide (all
+    /// monitors follow the one setting); AUTO until set.
+    static void setQuality(renderer::RenderQuality quality);
+    static renderer::RenderQuality quality();
 
     /// Frames per second of the frame clock.
     int preferredFramesPerSecond() const { return frameClock_.framesPerSecond(); }
