@@ -103,10 +103,10 @@ public:
     /// Label of the main pass.
     static constexpr const char* MAIN_PASS_LABEL = "Main Render Encoder";
     /// The main pass's size in LOW quality, as a fraction of the drawable's width and height:
-    /// 720x405 for 1920x1080, where llvmpipe then draws 30 frames a second within one core
-    /// (bench/quality_cost.py); half the size costs a fifth more, most of a frame being work
-    /// that does not shrink with it (vertices, the scaled blit, the swap).
-    static constexpr double LOW_SCALE = 0.375;
+    /// 640x360 for 1920x1080, where llvmpipe then draws 30 frames a second within 0.9 of a core
+    /// (bench/quality_cost.py). Most of a LOW frame is work that does not shrink with the size
+    /// (vertices, the scaled blit, the swap): 3/8 costs a tenth more, 1/2 a quarter more.
+    static constexpr double LOW_SCALE = 1.0 / 3.0;
 
     /// A renderer without a uniform table: its start-up stops with "Not implemented", as the
     /// scene renderers of each scene are the ones to use.

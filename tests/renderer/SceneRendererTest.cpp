@@ -191,11 +191,11 @@ TEST_F(SceneRendererTest, QualityChoosesTheMainPassSizeSamplesAndScaling) {
         int samples;
     } cases[] = {
         {RenderQuality::HIGH, llvmpipe, 1920, 1080, 1920, 1080, 4},
-        {RenderQuality::LOW, "NVIDIA GeForce RTX 3060/PCIe/SSE2", 1920, 1080, 720, 405, 1},
-        {RenderQuality::LOW, llvmpipe, 1366, 767, 512, 288, 1}, // sizes round, a pixel at least
+        {RenderQuality::LOW, "NVIDIA GeForce RTX 3060/PCIe/SSE2", 1920, 1080, 640, 360, 1},
+        {RenderQuality::LOW, llvmpipe, 1366, 767, 455, 256, 1}, // sizes round, a pixel at least
         {RenderQuality::LOW, llvmpipe, 1, 1, 1, 1, 1},
-        {RenderQuality::AUTO, llvmpipe, 1920, 1080, 720, 405, 1},
-        {RenderQuality::AUTO, "softpipe", 1920, 1080, 720, 405, 1},
+        {RenderQuality::AUTO, llvmpipe, 1920, 1080, 640, 360, 1},
+        {RenderQuality::AUTO, "softpipe", 1920, 1080, 640, 360, 1},
         {RenderQuality::AUTO, "Mesa Intel(R) UHD Graphics 620 (KBL GT2)", 1920, 1080, 1920, 1080, 4},
     };
     h.scene->commands = {mainPass({})};
