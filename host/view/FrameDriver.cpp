@@ -65,10 +65,6 @@ void FrameDriver::setQuality(renderer::RenderQuality quality) {
     gQuality = quality;
 }
 
-renderer::RenderQuality FrameDriver::quality() {
-    return gQuality;
-}
-
 void FrameDriver::setContextFailureHandler(std::function<void(const char* message)> handler) {
     contextFailureHandler() = std::move(handler);
 }

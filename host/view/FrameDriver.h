@@ -66,7 +66,6 @@ public:
     /// The quality that every driver's renderer draws its next frame in, process-wide (all
     /// monitors follow the one setting); AUTO until set.
     static void setQuality(renderer::RenderQuality quality);
-    static renderer::RenderQuality quality();
 
     /// Frames per second of the frame clock.
     int preferredFramesPerSecond() const { return frameClock_.framesPerSecond(); }
