@@ -25,7 +25,8 @@ class SceneContent;
 
 /// What draws the wallpaper's frames, whatever surface they go to: the scene's renderer, the
 /// frame clock at the preferred rate, the 3-second time-of-day poll, the clock's text once a
-/// second and its overlay on each frame.
+/// second and its overlay on each frame. Each frame hands the renderer the process's quality
+/// first, so that a change of it shows at the next frame without a new renderer.
 ///
 /// When it appears it makes the renderer of the scene on the surface's context, which becomes
 /// the process's current renderer, and announces `appeared`. Paused, it draws nothing and arms
