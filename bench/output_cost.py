@@ -67,7 +67,8 @@ def measure(nivalis, bus):
             "wakeups_per_frame": (s1 - s0) / max(f1 - f0, 1)}
 
 
-def run_nivalis(env_changes, home, display):
+def run_nivalis(env_changes, home, display, settings=()):
+    """Starts the wallpaper on software GL at 30 fps in the day, then `settings` (key, value) on top."""
     nivalis = S.Nivalis(display, home)
     nivalis.env.update(env_changes)
     if "WAYLAND_DISPLAY" in env_changes:
@@ -75,6 +76,8 @@ def run_nivalis(env_changes, home, display):
     nivalis.env["LIBGL_ALWAYS_SOFTWARE"] = "1"
     nivalis.config("set", "fps", "30")
     nivalis.config("set", "sceneTime", "day")
+    for key, value in settings:
+        nivalis.config("set", key, value)
     return nivalis.start()
 
 
@@ -119,4 +122,5 @@ def main():
         w["wakeups_per_frame"] / x["wakeups_per_frame"]))
 
 
-main()
+if __name__ == "__main__":
+    main()

@@ -63,6 +63,7 @@ public:
     int version() const override { return inner_.version(); }
     GLenum getError() override { return ++counts[OTHER], inner_.getError(); }
     void finish() override { inner_.finish(); }
+    std::string rendererName() const override { return inner_.rendererName(); }
     GLuint createBuffer(GLenum t, std::span<const std::byte> d) override { return ++counts[BUFFER], inner_.createBuffer(t, d); }
     void deleteBuffer(GLuint b) override { ++counts[BUFFER], inner_.deleteBuffer(b); }
     void bindBuffer(GLenum t, GLuint b) override { ++counts[BIND_BUFFER], inner_.bindBuffer(t, b); }

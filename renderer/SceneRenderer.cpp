@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 
 #include "renderer/Fatal.h"
 #include "renderer/gpu/ProgramBinaryCache.h"
@@ -58,6 +59,7 @@ void SceneRenderer::start() {
     if (gl.version() < 33) {
         Fatal::stop("GPU not available");
     }
+    softwareRasteriser = isSoftwareRasteriser(gl.rendererName());
     StartupTrace::mark("renderer started");
     loadShaders();
     StartupTrace::mark("shader sources read");
@@ -104,9 +106,28 @@ void SceneRenderer::loadVignette() {
 
 // ---- The frame -----------------------------------------------------------------------------
 
+std::optional<std::pair<GLsizei, GLsizei>> SceneRenderer::mainPassSize(double width, double height) const {
+    const auto size = drawableSize(width, height);
+    if (!size || size->first < 1 || size->second < 1) {
+        return std::nullopt;
+    }
+    if (effectiveQuality() != RenderQuality::LOW) {
+        return size;
+    }
+    auto scaled = [](std::int32_t length) {
+        return std::max<GLsizei>(1, static_cast<GLsizei>(std::lround(length * LOW_SCALE)));
+    };
+    return std::pair{scaled(size->first), scaled(size->second)};
+}
+
 int SceneRenderer::drawFrame(const FrameTarget& target) {
     StartupTrace::mark("first frame begun");
-    if (auto size = drawableSize(target.width, target.height)) {
+    // The scene sees the size it is drawn at; a drawable of no pixels is passed on as it is.
+    auto size = mainPassSize(target.width, target.height);
+    if (!size) {
+        size = drawableSize(target.width, target.height);
+    }
+    if (size) {
         if (scene->viewportWidth != size->first || scene->viewportHeight != size->second) {
             scene->updateViewportSize(size->first, size->second);
         }
@@ -137,8 +158,9 @@ void SceneRenderer::encodeCommands(const engine::Scene::CommandList& commands,
 }
 
 void SceneRenderer::processMainPass(const MainPassCommand& pass, const FrameTarget& target) {
-    const auto size = drawableSize(target.width, target.height);
-    if (!size || size->first < 1 || size->second < 1) {
+    const auto output = drawableSize(target.width, target.height);
+    const auto size = mainPassSize(target.width, target.height);
+    if (!output || !size) {
         return; // nothing to draw on: the pass is dropped for this frame
     }
     // The view's descriptor, as the host gives it for each frame.
@@ -148,11 +170,14 @@ void SceneRenderer::processMainPass(const MainPassCommand& pass, const FrameTarg
     descriptor.colorAttachment.loadAction = options.viewColorLoadAction;
     descriptor.colorAttachment.clearColor = options.viewClearColor;
     descriptor.colorAttachment.resolveFramebuffer = target.framebuffer;
+    descriptor.colorAttachment.resolveWidth = output->first;
+    descriptor.colorAttachment.resolveHeight = output->second;
     descriptor.depthAttachment.present = true;
     descriptor.depthAttachment.loadAction = options.viewDepthLoadAction;
     descriptor.depthAttachment.clearDepth = options.viewClearDepth;
     descriptor.depthAttachment.storeAction = gpu::StoreAction::DONT_CARE;
-    multisampledTarget.prepare(descriptor, size->first, size->second);
+    const bool low = effectiveQuality() == RenderQuality::LOW;
+    multisampledTarget.prepare(descriptor, size->first, size->second, low ? 1 : SceneUtils::SAMPLE_COUNT);
 
     prepareCommands(pass.commands, descriptor);
     descriptor.colorAttachment.storeAction = gpu::StoreAction::MULTISAMPLE_RESOLVE;

@@ -24,6 +24,7 @@
 #include "renderer/passes/FullscreenQuad.h"
 #include "renderer/passes/GaussianBlurRenderPass.h"
 #include "renderer/RenderPipelineStateWithDepth.h"
+#include "renderer/RenderQuality.h"
 #include "renderer/ShaderFunctions.h"
 #include "renderer/uniforms/ShaderUniforms.h"
 #include "renderer/assets/AssetTable.h"
@@ -49,8 +50,11 @@ namespace renderer {
 /// A frame (`drawFrame`): the drawable size is compared with the scene's viewport and the scene
 /// told of a change; the scene advances to the clock's time in milliseconds; then the tree is
 /// walked. Passes are found at any depth of plain groups and run in tree order: a blurred pass
-/// draws its children into its blur chain and blurs it, the main pass draws into a 4-sample
-/// target of the renderer's own that is resolved into the frame's framebuffer. Before a pass
+/// draws its children into its blur chain and blurs it, the main pass draws into a target of the
+/// renderer's own that is resolved into the frame's framebuffer. That target is 4-sampled at the
+/// drawable's size in HIGH quality, and single-sampled at `LOW_SCALE` of it in LOW quality, the
+/// resolve then scaling it up with linear filtering; the scene's viewport is the target's size,
+/// so that what it sizes in pixels keeps its look. Before a pass
 /// opens, its clear colour and clears are gathered from its children; load actions are only ever
 /// raised to clear. The renderer knows no window: the host swaps buffers (or reads pixels back)
 /// after the frame.
@@ -95,6 +99,8 @@ public:
         /// Where linked programs are kept as the driver's binaries from one run to the next (see
         /// gpu::ProgramBinaryCache); empty for no cache, every program compiled from its sources.
         std::filesystem::path programCache;
+        /// The quality of the main pass; AUTO is resolved with the context's GL_RENDERER.
+        RenderQuality quality = RenderQuality::HIGH;
     };
 
     /// The most elements one uniform may have.
@@ -103,6 +109,11 @@ public:
     static constexpr int SLOTS = draw::StateFilter::SLOTS;
     /// Label of the main pass.
     static constexpr const char* MAIN_PASS_LABEL = "Main Render Encoder";
+    /// The main pass's size in LOW quality, as a fraction of the drawable's width and height:
+    /// 640x360 for 1920x1080, where llvmpipe then draws 30 frames a second within 0.9 of a core
+    /// (bench/quality_cost.py). Most of a LOW frame is work that does not shrink with the size
+    /// (vertices, the scaled blit, the swap): 3/8 costs a tenth more, 1/2 a quarter more.
+    static constexpr double LOW_SCALE = 1.0 / 3.0;
 
     /// A renderer without a uniform table: its start-up stops with "Not implemented", as the
     /// scene renderers of each scene are the ones to use.
@@ -115,6 +126,14 @@ public:
     /// One frame into `target`. Returns how many main passes reached the target (1 for a
     /// well-formed tree, 0 when there is nothing to draw on or the tree has no main pass).
     int drawFrame(const FrameTarget& target);
+
+    /// Takes the quality for the next frame on, which remakes the main pass's target there.
+    void setQuality(RenderQuality quality) { options.quality = quality; }
+    /// The quality that the frames are drawn in: `options.quality` with AUTO resolved.
+    RenderQuality effectiveQuality() const { return resolveQuality(options.quality, softwareRasteriser); }
+    /// The main pass's size for a drawable of `width` by `height` pixels in the effective
+    /// quality; nothing when there is nothing to draw on.
+    std::optional<std::pair<GLsizei, GLsizei>> mainPassSize(double width, double height) const;
 
     /// The uniform table of the renderer's scene, by shader name. The base has none and stops
     /// the process with "Not implemented".
@@ -177,6 +196,9 @@ public:
     std::shared_ptr<engine::Scene> scene;
     std::string resourcesRoot;
     Options options;
+    /// Whether the context's GL_RENDERER names a software rasteriser, read once at start-up so
+    /// that frames resolve AUTO without a GL query.
+    bool softwareRasteriser = false;
 
     // The parts that do the renderer's jobs, each in a file of its own.
 
@@ -189,7 +211,7 @@ public:
     draw::StateFilter stateFilter;
     /// The staging of uniform values.
     draw::UniformStaging uniformStaging;
-    /// The main pass's 4-sample target.
+    /// The main pass's target.
     passes::MultisampledTarget multisampledTarget{gl};
     /// The walks over the tree.
     passes::PassWalk passWalk{*this};
@@ -233,6 +255,8 @@ public:
     GLuint& framebufferMsaa = multisampledTarget.framebufferMsaa;
     GLsizei& textureMsaaWidth = multisampledTarget.textureMsaaWidth;
     GLsizei& textureMsaaHeight = multisampledTarget.textureMsaaHeight;
+    /// Samples per pixel of the main pass's target (1 in LOW quality, 4 in HIGH).
+    int& sampleCount = multisampledTarget.sampleCount;
     /// Records every pass into GL.
     gpu::RenderEncoder encoder;
 

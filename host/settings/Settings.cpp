@@ -8,7 +8,7 @@ Settings::Settings(const QString& filePath)
     : store_(filePath),
       keys_{&hideMenuBarIcon, &display, &deactivateOnBattery, &showOnAllSpaces, &bringBrowsingModeToFront,
             &muteAudio, &extendVeilBelowMenuBar, &fps, &lowPowerMode, &batteryMode, &sceneVignette,
-            &sceneSpeed, &sceneTime, &clockFont, &clockFormat, &clockEnabled, &clockOpacity, &clockSize, &scene,
+            &sceneSpeed, &sceneTime, &quality, &clockFont, &clockFormat, &clockEnabled, &clockOpacity, &clockSize, &scene,
             &allDisplays, &pauseWhenCovered} {}
 
 QStringList Settings::clockFormatChoices() {

@@ -77,6 +77,10 @@ public:
     /// "auto", "day", "night", "dusk" or "dawn".
     const SettingsKey<QString> sceneTime{store_, QStringLiteral("sceneTime"), QStringLiteral("auto"),
                                          ValueRule::oneOf({"auto", "day", "night", "dusk", "dawn"})};
+    /// How the scene is drawn: "auto" (low on a software rasteriser, high otherwise), "high"
+    /// (full size, 4 samples) or "low" (a smaller size, one sample, scaled up).
+    const SettingsKey<QString> quality{store_, QStringLiteral("quality"), QStringLiteral("auto"),
+                                       ValueRule::oneOf({"auto", "high", "low"})};
     /// Font name of the clock.
     const SettingsKey<QString> clockFont{store_, QStringLiteral("clockFont"), QStringLiteral("Baloo"),
                                          ValueRule::oneOf(clockFontChoices())};

@@ -26,6 +26,8 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <initializer_list>
+#include <utility>
 #include <optional>
 #include <cmath>
 
@@ -54,6 +56,16 @@ QVBoxLayout* page(QWidget* widget) {
     auto* layout = new QVBoxLayout(widget);
     layout->setSpacing(10);
     return layout;
+}
+
+// A drop-down named `name` of fixed choices, each a label shown and the value stored.
+QComboBox* choices(const QString& name, std::initializer_list<std::pair<const char*, const char*>> items) {
+    auto* box = new QComboBox;
+    box->setObjectName(name);
+    for (const auto& [label, value] : items) {
+        box->addItem(QString::fromLatin1(label), QString::fromLatin1(value));
+    }
+    return box;
 }
 
 // A slider over the range of `key`'s rule, `scale` positions per unit.
@@ -258,15 +270,20 @@ QWidget* SettingsWindow::makeScene() {
     form->addRow(QStringLiteral("Movement Speed"), speed);
     bindings_.push_back(KeyBinding::slider(speed, settings_.sceneSpeed, speedScale));
 
-    auto* time = new QComboBox;
-    time->setObjectName(QStringLiteral("sceneTime"));
-    const std::pair<const char*, const char*> times[] = {
-        {"Auto", "auto"}, {"Day", "day"}, {"Night", "night"}, {"Dusk", "dusk"}, {"Dawn", "dawn"}};
-    for (const auto& [label, value] : times) {
-        time->addItem(QString::fromLatin1(label), QString::fromLatin1(value));
-    }
+    QComboBox* time = choices(QStringLiteral("sceneTime"), {{"Auto", "auto"},
+                                                            {"Day", "day"},
+                                                            {"Night", "night"},
+                                                            {"Dusk", "dusk"},
+                                                            {"Dawn", "dawn"}});
     form->addRow(QStringLiteral("Time of Day"), time);
     bindings_.push_back(KeyBinding::picker(time, settings_.sceneTime));
+
+    QComboBox* quality =
+        choices(QStringLiteral("quality"), {{"Auto", "auto"}, {"High", "high"}, {"Low", "low"}});
+    quality->setToolTip(QStringLiteral("Low draws fewer pixels and scales them up: for software rendering and "
+                                       "weak graphics; Auto picks it on software rendering"));
+    form->addRow(QStringLiteral("Quality"), quality);
+    bindings_.push_back(KeyBinding::picker(quality, settings_.quality));
     layout->addStretch();
     return widget;
 }

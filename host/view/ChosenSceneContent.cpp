@@ -76,6 +76,7 @@ public:
             nivalis_->updateDynamicTimeOfDay();
         }
     }
+    void setQuality(renderer::RenderQuality quality) override { renderer_->setQuality(quality); }
 
 private:
     renderer::SceneRenderer::Options options(const QString& resources) const {

@@ -18,6 +18,7 @@ namespace host::view {
 namespace {
 
 FrameRenderer* gCurrentRenderer = nullptr;
+renderer::RenderQuality gQuality = renderer::RenderQuality::AUTO;
 
 constexpr int kTimeOfDayPeriodMs = 3000;
 constexpr int kClockPeriodMs = 1000;
@@ -59,6 +60,10 @@ FrameDriver::~FrameDriver() {
 
 FrameRenderer* FrameDriver::currentRenderer() {
     return gCurrentRenderer;
+}
+
+void FrameDriver::setQuality(renderer::RenderQuality quality) {
+    gQuality = quality;
 }
 
 void FrameDriver::setContextFailureHandler(std::function<void(const char* message)> handler) {
@@ -176,6 +181,7 @@ bool FrameDriver::renderNow() {
     }
     const QSize size = surface_.pixelSize();
     const unsigned framebuffer = surface_.framebuffer();
+    renderer_->setQuality(gQuality); // a change is taken at the frame, without a new renderer
     renderer_->drawFrame(framebuffer, size.width(), size.height());
     if (pictureDirty_) {
         overlay_.setPicture(pendingPicture_, pendingTopLeft_);

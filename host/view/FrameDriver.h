@@ -2,6 +2,7 @@
 
 #include "host/view/ClockOverlay.h"
 #include "host/view/FrameClock.h"
+#include "renderer/RenderQuality.h"
 
 #include <QImage>
 #include <QObject>
@@ -24,7 +25,8 @@ class SceneContent;
 
 /// What draws the wallpaper's frames, whatever surface they go to: the scene's renderer, the
 /// frame clock at the preferred rate, the 3-second time-of-day poll, the clock's text once a
-/// second and its overlay on each frame.
+/// second and its overlay on each frame. Each frame hands the renderer the process's quality
+/// first, so that a change of it shows at the next frame without a new renderer.
 ///
 /// When it appears it makes the renderer of the scene on the surface's context, which becomes
 /// the process's current renderer, and announces `appeared`. Paused, it draws nothing and arms
@@ -61,6 +63,10 @@ public:
     FrameRenderer* renderer() const { return renderer_.get(); }
     /// The frame clock (a surface paced by its compositor tells it of each presentation).
     FrameClock& frameClock() { return frameClock_; }
+
+    /// The quality that every driver's renderer draws its next frame in, process-wide (all
+    /// monitors follow the one setting); AUTO until set.
+    static void setQuality(renderer::RenderQuality quality);
 
     /// Frames per second of the frame clock.
     int preferredFramesPerSecond() const { return frameClock_.framesPerSecond(); }

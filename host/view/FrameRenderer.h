@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/utils/TimeOfDay.h"
+#include "renderer/RenderQuality.h"
 
 namespace host::view {
 
@@ -19,6 +20,9 @@ public:
 
     /// Takes the user's choice of time of day and applies it to the scene at once.
     virtual void setTimeOfDay(engine::utils::TimeOfDay timeOfDay) = 0;
+
+    /// Takes the user's choice of quality; the next frame is drawn in it.
+    virtual void setQuality(renderer::RenderQuality quality) = 0;
 };
 
 } // namespace host::view

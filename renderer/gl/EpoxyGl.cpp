@@ -67,6 +67,13 @@ GLenum EpoxyGl::getError() { return glGetError(); }
 
 void EpoxyGl::finish() { glFinish(); }
 
+// ---- Renderer name (the quality setting's AUTO) ----
+
+std::string EpoxyGl::rendererName() const {
+    const auto* name = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
+    return name != nullptr ? std::string(name) : std::string();
+}
+
 GLuint EpoxyGl::createBuffer(GLenum target, std::span<const std::byte> data) {
     (void)target; // every buffer is plain memory in GL; the copy target leaves draw bindings alone
     GLuint buffer = 0;

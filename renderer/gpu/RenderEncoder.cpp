@@ -55,8 +55,11 @@ void RenderEncoder::end() {
     if (color.storeAction == StoreAction::MULTISAMPLE_RESOLVE && color.resolveFramebuffer) {
         gl_.bindFramebuffer(GL_READ_FRAMEBUFFER, descriptor_.framebuffer);
         gl_.bindFramebuffer(GL_DRAW_FRAMEBUFFER, *color.resolveFramebuffer);
-        gl_.blitFramebuffer(0, 0, descriptor_.width, descriptor_.height, 0, 0, descriptor_.width,
-                            descriptor_.height, GL_COLOR_BUFFER_BIT, GL_NEAREST);
+        const GLsizei width = color.resolveWidth > 0 ? color.resolveWidth : descriptor_.width;
+        const GLsizei height = color.resolveHeight > 0 ? color.resolveHeight : descriptor_.height;
+        const bool scaled = width != descriptor_.width || height != descriptor_.height;
+        gl_.blitFramebuffer(0, 0, descriptor_.width, descriptor_.height, 0, 0, width, height, GL_COLOR_BUFFER_BIT,
+                            scaled ? GL_LINEAR : GL_NEAREST);
         gl_.bindFramebuffer(GL_READ_FRAMEBUFFER, descriptor_.framebuffer);
     }
     if (color.storeAction != StoreAction::STORE && descriptor_.framebuffer != 0) {

@@ -11,7 +11,7 @@ namespace renderer::gpu {
 
 /// Where a pass draws and what happens to its attachments at its start and end. The pass draws
 /// into `framebuffer` of `width` by `height` pixels; the colour attachment may be resolved into
-/// another framebuffer of the same size at the end.
+/// another framebuffer at the end, of the same size or, scaled, of another.
 class RenderPassDescriptor {
 public:
     /// Colour attachment 0.
@@ -22,6 +22,10 @@ public:
         StoreAction storeAction = StoreAction::STORE;
         /// Framebuffer that MULTISAMPLE_RESOLVE copies into (0 is the default framebuffer).
         std::optional<GLuint> resolveFramebuffer;
+        /// Size of the resolve target where it differs from the pass's (0: the same); the
+        /// resolve then scales the pass's picture to it with linear filtering.
+        GLsizei resolveWidth = 0;
+        GLsizei resolveHeight = 0;
     };
     /// The depth attachment, if the pass has one.
     struct DepthAttachment {

@@ -19,11 +19,15 @@ std::string msaaError(GLsizei width, GLsizei height) {
 
 } // namespace
 
-void MultisampledTarget::prepare(gpu::RenderPassDescriptor& descriptor, GLsizei width, GLsizei height) {
-    if (textureMsaa == 0 || textureMsaaWidth != width || textureMsaaHeight != height) {
+void MultisampledTarget::prepare(gpu::RenderPassDescriptor& descriptor, GLsizei width, GLsizei height,
+                                 int samples) {
+    if (textureMsaa == 0 || textureMsaaWidth != width || textureMsaaHeight != height || sampleCount != samples) {
         release();
-        textureMsaa = gl_.createRenderbuffer(SceneUtils::SAMPLE_COUNT, SceneUtils::COLOR_FORMAT, width, height);
-        depthMsaa = gl_.createRenderbuffer(SceneUtils::SAMPLE_COUNT, SceneUtils::DEPTH_FORMAT, width, height);
+        // GL may give a renderbuffer asked for with one sample more than one; 0 asks for a
+        // single-sampled one, which a scaled blit can read from.
+        const GLsizei glSamples = samples > 1 ? samples : 0;
+        textureMsaa = gl_.createRenderbuffer(glSamples, SceneUtils::COLOR_FORMAT, width, height);
+        depthMsaa = gl_.createRenderbuffer(glSamples, SceneUtils::DEPTH_FORMAT, width, height);
         framebufferMsaa = gl_.createFramebuffer();
         gl_.framebufferRenderbuffer(framebufferMsaa, GL_COLOR_ATTACHMENT0, textureMsaa);
         gl_.framebufferRenderbuffer(framebufferMsaa, GL_DEPTH_ATTACHMENT, depthMsaa);
@@ -32,6 +36,7 @@ void MultisampledTarget::prepare(gpu::RenderPassDescriptor& descriptor, GLsizei 
         }
         textureMsaaWidth = width;
         textureMsaaHeight = height;
+        sampleCount = samples;
     }
     descriptor.framebuffer = framebufferMsaa;
 }
@@ -48,6 +53,7 @@ void MultisampledTarget::release() {
     }
     framebufferMsaa = textureMsaa = depthMsaa = 0;
     textureMsaaWidth = textureMsaaHeight = 0;
+    sampleCount = 0;
 }
 
 } // namespace renderer::passes

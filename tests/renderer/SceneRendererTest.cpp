@@ -18,6 +18,7 @@ namespace {
 using namespace engine::commands;
 using test::GlCall;
 using test::RendererHarness;
+using test::TableRenderer;
 
 std::shared_ptr<MainPassCommand> mainPass(std::vector<std::shared_ptr<Command>> children) {
     return std::make_shared<MainPassCommand>(true, std::move(children));
@@ -203,6 +204,58 @@ TEST_F(SceneRendererTest, OneFrameIsOneWalkWithOnePresent) {
     const std::size_t times = h.scene->times.size();
     EXPECT_EQ(renderer->drawFrame(RendererHarness::target(0, 0)), 0);
     EXPECT_EQ(h.scene->times.size(), times + 1);
+}
+
+TEST_F(SceneRendererTest, QualityChoosesTheMainPassSizeSamplesAndScaling) {
+    const char* llvmpipe = "llvmpipe (LLVM 15.0.6, 256 bits)";
+    const struct {
+        RenderQuality quality;
+        const char* glRenderer;
+        double width, height;
+        GLsizei passWidth, passHeight;
+        int samples;
+    } cases[] = {
+        {RenderQuality::HIGH, llvmpipe, 1920, 1080, 1920, 1080, 4},
+        {RenderQuality::LOW, "NVIDIA GeForce RTX 3060/PCIe/SSE2", 1920, 1080, 640, 360, 1},
+        {RenderQuality::LOW, llvmpipe, 1366, 767, 455, 256, 1}, // sizes round, a pixel at least
+        {RenderQuality::LOW, llvmpipe, 1, 1, 1, 1, 1},
+        {RenderQuality::AUTO, llvmpipe, 1920, 1080, 640, 360, 1},
+        {RenderQuality::AUTO, "softpipe", 1920, 1080, 640, 360, 1},
+        {RenderQuality::AUTO, "Mesa Intel(R) UHD Graphics 620 (KBL GT2)", 1920, 1080, 1920, 1080, 4},
+    };
+    h.scene->commands = {mainPass({})};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::string(toString(c.quality)) + " on " + c.glRenderer);
+        h.gl.glRenderer = c.glRenderer;
+        auto options = h.options();
+        options.quality = c.quality;
+        TableRenderer renderer(h.gl, h.scene, "scene", options, h.table);
+        h.gl.clearCalls();
+        ASSERT_EQ(renderer.drawFrame(RendererHarness::target(c.width, c.height, 0)), 1);
+        EXPECT_EQ(renderer.textureMsaaWidth, c.passWidth);
+        EXPECT_EQ(renderer.textureMsaaHeight, c.passHeight);
+        EXPECT_EQ(renderer.sampleCount, c.samples);
+        EXPECT_EQ(h.scene->viewportUpdates.back(), std::pair(c.passWidth, c.passHeight));
+        // The resolve fills the whole drawable, filtered where it scales.
+        const bool scaled = c.passWidth != GLsizei(c.width) || c.passHeight != GLsizei(c.height);
+        const auto& blit = firstCall(h.gl, GlCall::blitFramebuffer);
+        EXPECT_EQ(std::vector<double>(blit.args.begin(), blit.args.begin() + 10),
+                  (std::vector<double>{0, 0, double(c.passWidth), double(c.passHeight), 0, 0, c.width, c.height,
+                                       GL_COLOR_BUFFER_BIT, double(scaled ? GL_LINEAR : GL_NEAREST)}));
+    }
+}
+
+TEST_F(SceneRendererTest, AQualityChangeTakesTheNextFrameAndLeaksNothing) {
+    h.scene->commands = {mainPass({})};
+    auto renderer = h.makeRenderer();
+    renderer->drawFrame(RendererHarness::target(640, 360));
+    const auto live = std::pair(h.gl.liveRenderbuffers(), h.gl.liveFramebuffers());
+    for (RenderQuality quality : {RenderQuality::LOW, RenderQuality::HIGH}) {
+        renderer->setQuality(quality);
+        renderer->drawFrame(RendererHarness::target(640, 360));
+        EXPECT_EQ(renderer->sampleCount, quality == RenderQuality::LOW ? 1 : 4);
+        EXPECT_EQ(std::pair(h.gl.liveRenderbuffers(), h.gl.liveFramebuffers()), live);
+    }
 }
 
 TEST_F(SceneRendererTest, PassesRunInTreeOrderAtAnyDepthOfPlainGroups) {

@@ -181,6 +181,13 @@ RenderOptions RenderOptions::parse(std::span<const std::string> arguments) {
             } else {
                 bad(option, mode, "auto, gpu or cpu");
             }
+        } else if (option == "--quality") {
+            const std::string quality = value();
+            const auto chosen = renderer::renderQualityFromString(quality);
+            if (!chosen) {
+                bad(option, quality, "auto, high or low");
+            }
+            options.quality = *chosen;
         } else if (option == "--egl") {
             const std::string platform = value();
             if (platform == "auto") {
@@ -264,6 +271,9 @@ Renders frames of a scene without a display and writes them as PNG files.
   --resources DIR       the resources directory (default: resources/ beside the program,
                         or ../share/nivalis when installed)
   --astc MODE           where ASTC textures are decoded: auto, gpu or cpu (default auto)
+  --quality Q           the main pass: high (full size, 4 samples), low (a smaller
+                        size, one sample, scaled up) or auto (low on a software
+                        rasteriser; default high)
   --egl PLATFORM        EGL platform: auto, device, surfaceless or default (default auto)
   --help                show this text
 )";

@@ -12,6 +12,7 @@
 
 #include "renderer/loaders/AstcTexture.h"
 #include "renderer/headless/HeadlessContext.h"
+#include "renderer/RenderQuality.h"
 
 namespace tools::render {
 
@@ -57,6 +58,8 @@ public:
     std::optional<std::filesystem::path> resources;
     /// Where ASTC textures are decoded.
     renderer::loaders::AstcTexture::Decoding astc = renderer::loaders::AstcTexture::Decoding::AUTO;
+    /// The quality of the main pass; HIGH by default, so that pictures compare across machines.
+    renderer::RenderQuality quality = renderer::RenderQuality::HIGH;
     /// The EGL platform of the headless context.
     renderer::headless::HeadlessContext::Platform platform = renderer::headless::HeadlessContext::Platform::AUTO;
     /// Only print the usage.

@@ -89,6 +89,7 @@ int run(const RenderOptions& options, const char* argv0) {
     renderer::SceneRenderer::Options rendererOptions;
     rendererOptions.resources = resources;
     rendererOptions.astcDecoding = options.astc;
+    rendererOptions.quality = options.quality;
     // The fixed clock: the first frame at --at, each next one --step later, in seconds.
     rendererOptions.clock = [&options, &frame] { return (options.at + frame * options.step) / 1000.0; };
     // Nivalis starts at a fixed time of day instead of the wall clock; its own is set afterwards.

@@ -89,6 +89,7 @@ TEST_F(ConfigCommandTest, ValuesTheSettingsWindowCannotProduceAreRefused) {
         {"clockFont", {"Comic", "baloo", "Carbon", "Virgo"}, fonts},
         {"sceneTime", {"noon", "Day", "sunrise", ""}, QStringLiteral("auto, day, night, dusk or dawn")},
         {"scene", {"Nivalis", "desert", ""}, QStringLiteral("nivalis, spirelight, betonia or example")},
+        {"quality", {"Low", "medium", ""}, QStringLiteral("auto, high or low")},
         {"display", {"garbage", "1234", ""}, QStringLiteral("a monitor's UUID, as the Settings window stores it")},
         {"clockEnabled", {"yes", "2", ""}, QStringLiteral("true or false")},
     };
@@ -109,7 +110,8 @@ TEST_F(ConfigCommandTest, ValuesTheSettingsWindowCannotProduceAreRefused) {
     EXPECT_FALSE(QFile::exists(path)) << "no refusal writes the file";
     for (const char* good : {"set fps 20", "set sceneSpeed 0.5", "set sceneSpeed 3", "set sceneSpeed 2.75",
                              "set clockSize 150", "set clockSize 287.3", "set clockOpacity 0.1", "set clockFont Virgo 01",
-                             "set clockFormat HH:mm", "set scene spirelight", "set sceneTime dawn"}) {
+                             "set clockFormat HH:mm", "set scene spirelight", "set sceneTime dawn",
+                             "set quality low"}) {
         const QStringList words = QString::fromLatin1(good).split(QLatin1Char(' '));
         Settings settings(path);
         QTextStream outStream(&out), errStream(&err);

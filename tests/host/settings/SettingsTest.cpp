@@ -164,6 +164,7 @@ TEST_F(SettingsTest, OutOfRangeEntriesReadAsTheNearestValidOrTheDefaultAndTheFil
         {"clockSize=99999", "350"}, {"clockSize=-3", "150"}, {"clockSize=287.3", "287.3"},
         {"clockOpacity=5", "1"},  {"clockOpacity=0", "0.1"}, {"clockFormat=yyyy", "h:mm"},
         {"clockFont=Comic", "Baloo"}, {"sceneTime=noon", "auto"}, {"scene=desert", "nivalis"},
+        {"quality=ultra", "auto"},
     };
     for (const auto& c : cases) {
         const QString entry = QString::fromLatin1(c.entry);

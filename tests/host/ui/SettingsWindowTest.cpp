@@ -95,7 +95,7 @@ TEST_F(SettingsWindowTest, ThreeTabsInOrderWithTheirControls) {
     };
     EXPECT_EQ(names(0), (QStringList{"launchAtLogin", "fps", "limitFpsOnBattery", "minimalFpsInLowPowerMode",
                                      "display", "showOnAllSpaces", "pauseWhenCovered", "hideMenuBarIcon"}));
-    EXPECT_EQ(names(1), (QStringList{"scene", "sceneVignette", "sceneSpeed", "sceneTime"}));
+    EXPECT_EQ(names(1), (QStringList{"scene", "sceneVignette", "sceneSpeed", "sceneTime", "quality"}));
     EXPECT_EQ(names(2), (QStringList{"clockEnabled", "clockFont", "clockFormat", "clockOpacity", "clockSize"}));
 
     EXPECT_EQ(control<QCheckBox>("launchAtLogin")->text(), "Start at login");

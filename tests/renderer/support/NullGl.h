@@ -1,7 +1,9 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <tuple>
+#include <type_traits>
 
 #include "renderer/gl/Gl.h"
 
@@ -17,12 +19,22 @@ public:
     Result name parameters qualifier override {                                                                        \
         (void)std::forward_as_tuple arguments;                                                                         \
         constexpr std::string_view method = #name;                                                                     \
-        return static_cast<Result>(method.starts_with("create") ? ++next_ : answer(method));                           \
+        return reply<Result>(method);                                                                                  \
     }
 #include "renderer/gl/GlMethods.inc"
 #undef GL_METHOD
 
 private:
+    /// A new name for a call that creates, else the answer of `method`; a text is empty.
+    template <class Result>
+    Result reply(std::string_view method) const {
+        if constexpr (std::is_same_v<Result, std::string>) {
+            return {};
+        } else {
+            return static_cast<Result>(method.starts_with("create") ? ++next_ : answer(method));
+        }
+    }
+
     /// What a query that creates nothing answers.
     static constexpr long long answer(std::string_view method) {
         return method == "version"                  ? 33

@@ -137,6 +137,8 @@ GLenum RecordingGl::getError() {
 
 void RecordingGl::finish() { record(GlCall::finish, {}); }
 
+std::string RecordingGl::rendererName() const { return glRenderer; }
+
 GLuint RecordingGl::createBuffer(GLenum target, std::span<const std::byte> data) {
     GLuint name = newName();
     buffers_[name].assign(data.begin(), data.end());

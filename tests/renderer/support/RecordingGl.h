@@ -47,6 +47,8 @@ public:
     std::vector<GlCall> draws;
     /// Extensions that hasExtension answers true for.
     std::set<std::string> extensions;
+    /// What rendererName answers (the context's GL_RENDERER).
+    std::string glRenderer = "Recording GL";
 
     /// Number of recorded calls of `kind`.
     std::size_t count(GlCall kind) const;

@@ -41,6 +41,7 @@ Pixels draw(const std::string& name, RenderOptions options, const std::function<
     renderer::SceneRenderer::Options rendererOptions;
     rendererOptions.resources = NIVALIS_RESOURCES_DIR;
     rendererOptions.clock = [&frame] { return 60.0 + frame; };
+    rendererOptions.quality = options.quality;
     auto renderer = renderer::scenes::SceneFactory::makeRenderer(gl, name, scene, rendererOptions, "day");
     SceneSetup::apply(*scene, options);
     if (tweak) {
@@ -237,6 +238,22 @@ TEST(BlurredFrames, BetoniaKeepsItsVignette) {
         EXPECT_LT(brightness(with, corner), 0.8 * brightness(without, corner));
     }
     EXPECT_NEAR(brightness(with, at(W / 2, H / 2)), brightness(without, at(W / 2, H / 2)), 6);
+}
+
+// The low quality's scaled blit on a real driver: the whole target is the high picture,
+// softened, not a cleared or partly drawn one.
+TEST(QualityFrames, LowIsTheHighPictureSoftened) {
+    RenderOptions options = on(4, 0.5f);
+    const Pixels high = draw("nivalis", options);
+    options.quality = renderer::RenderQuality::LOW;
+    const Pixels low = draw("nivalis", options);
+    ASSERT_EQ(low.size(), high.size());
+    double difference = 0.0;
+    for (std::size_t i = 0; i < low.size(); ++i) {
+        difference += std::abs(low[i] - high[i]);
+    }
+    EXPECT_NE(low, high);
+    EXPECT_LT(difference / static_cast<double>(low.size()), 8.0);
 }
 
 } // namespace
