@@ -20,9 +20,15 @@ using Pixels = std::vector<std::uint8_t>;
 // One monitor: a Nivalis renderer at a fixed time and its target, in the context current now.
 struct Monitor {
     Monitor(gl::Gl& gl, std::shared_ptr<assets::AssetTable> table)
-        : renderer(scenes::SceneFactory::makeRenderer(
-              gl, "nivalis", scenes::SceneFactory::makeScene("nivalis"),
-              {.resources = NIVALIS_RESOURCES_DIR, .clock = [] { return 60.0; }, .assets = std::move(table)}, "day")) {}
+        : renderer(scenes::SceneFactory::makeRenderer(gl, "nivalis", scenes::SceneFactory::makeScene("nivalis"),
+                                                      options(std::move(table)), "day")) {}
+    static SceneRenderer::Options options(std::shared_ptr<assets::AssetTable> table) {
+        SceneRenderer::Options result;
+        result.resources = NIVALIS_RESOURCES_DIR;
+        result.clock = [] { return 60.0; };
+        result.assets = std::move(table);
+        return result;
+    }
     Pixels draw() {
         target.clear(0.0f, 0.0f, 0.0f, 1.0f);
         renderer->drawFrame({target.framebuffer(), 160.0, 90.0});
