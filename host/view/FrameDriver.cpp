@@ -35,17 +35,10 @@ std::function<void(const char*)>& contextFailureHandler() {
 FrameDriver::FrameDriver(SceneContent& content, clock::ClockStyleManager& clockStyle, DrawingSurface& surface,
                          QObject* parent)
     : QObject(parent), content_(content), clockStyle_(clockStyle), surface_(surface) {
-    timeOfDayTimer_.setInterval(kTimeOfDayPeriodMs);
-    clockTimer_.setInterval(kClockPeriodMs);
     connect(&frameClock_, &FrameClock::tick, this, &FrameDriver::renderNow);
-    connect(&timeOfDayTimer_, &QTimer::timeout, this, [this] {
-        if (renderer_ != nullptr) {
-            renderer_->updateDynamicTimeOfDay();
-        }
-    });
-    connect(&clockTimer_, &QTimer::timeout, this, &FrameDriver::tickClock);
     connect(&clockStyle_, &clock::ClockStyleManager::changed, this, [this] {
-        updateClockTimer();
+        // A clock just switched on (or given another format) shows its text at the next frame.
+        sinceClockText_.invalidate();
         updatePicture();
     });
 }
@@ -75,11 +68,10 @@ void FrameDriver::appear() {
     renderer_ = content_.makeRenderer();
     gCurrentRenderer = renderer_.get();
     clockText_.clear();
-    updateClockTimer();
+    // The renderer polled the time of day as it loaded; the clock's text comes with the first frame.
+    sinceTimeOfDay_.start();
+    sinceClockText_.invalidate();
     updatePicture();
-    if (!isPaused()) {
-        timeOfDayTimer_.start();
-    }
     emit appeared();
 }
 
@@ -106,8 +98,6 @@ void FrameDriver::release() {
     }
     renderer_.reset();
     frameClock_.setPaused(true);
-    timeOfDayTimer_.stop();
-    clockTimer_.stop();
 }
 
 void FrameDriver::setPreferredFramesPerSecond(int fps) {
@@ -117,33 +107,32 @@ void FrameDriver::setPreferredFramesPerSecond(int fps) {
 void FrameDriver::setPaused(bool paused) {
     const bool wasPaused = frameClock_.isPaused();
     frameClock_.setPaused(paused);
-    if (paused) {
-        timeOfDayTimer_.stop();
-    } else if (wasPaused && renderer_ != nullptr) {
+    if (!paused && wasPaused && renderer_ != nullptr) {
         // Time went on while nothing ran: catch up with it before the next frame.
         renderer_->updateDynamicTimeOfDay();
-        timeOfDayTimer_.start();
+        sinceTimeOfDay_.start();
         if (clockStyle_.enabled() && !clockText_.isEmpty()) {
             tickClock();
         }
     }
-    updateClockTimer();
 }
 
 bool FrameDriver::hasActiveTimers() const {
-    return frameClock_.isRunning() || timeOfDayTimer_.isActive() || clockTimer_.isActive();
+    return frameClock_.isRunning();
 }
 
-void FrameDriver::updateClockTimer() {
-    const bool wanted = clockStyle_.enabled() && !isPaused() && renderer_ != nullptr;
-    if (wanted && !clockTimer_.isActive()) {
-        clockTimer_.start();
-    } else if (!wanted && clockTimer_.isActive()) {
-        clockTimer_.stop();
+void FrameDriver::runPeriodicWork() {
+    if (!sinceTimeOfDay_.isValid() || sinceTimeOfDay_.elapsed() >= kTimeOfDayPeriodMs) {
+        renderer_->updateDynamicTimeOfDay();
+        sinceTimeOfDay_.start();
+    }
+    if (clockStyle_.enabled() && (!sinceClockText_.isValid() || sinceClockText_.elapsed() >= kClockPeriodMs)) {
+        tickClock();
     }
 }
 
 void FrameDriver::tickClock() {
+    sinceClockText_.start();
     const QString text = clock::TimeFormatter::format(clockStyle_.timeFormat(), QTime::currentTime());
     if (text != clockText_) {
         clockText_ = text;
@@ -173,6 +162,7 @@ bool FrameDriver::renderNow() {
     if (!surface_.makeCurrent()) {
         return false;
     }
+    runPeriodicWork();
     const QSize size = surface_.pixelSize();
     const unsigned framebuffer = surface_.framebuffer();
     renderer_->drawFrame(framebuffer, size.width(), size.height());

@@ -3,10 +3,10 @@
 #include "host/view/ClockOverlay.h"
 #include "host/view/FrameClock.h"
 
+#include <QElapsedTimer>
 #include <QImage>
 #include <QObject>
 #include <QString>
-#include <QTimer>
 
 #include <cstdint>
 #include <functional>
@@ -26,9 +26,13 @@ class SceneContent;
 /// frame clock at the preferred rate, the 3-second time-of-day poll, the clock's text once a
 /// second and its overlay on each frame.
 ///
+/// The frame clock is its only timer: the time-of-day poll and the clock's text ride on the
+/// frame ticks, each done at the first frame once its period has passed, so that a running
+/// wallpaper wakes the main thread once per frame and for nothing else of its own.
+///
 /// When it appears it makes the renderer of the scene on the surface's context, which becomes
 /// the process's current renderer, and announces `appeared`. Paused, it draws nothing and arms
-/// no timer at all (frame clock, clock text and time-of-day poll all stop).
+/// no timer at all.
 class FrameDriver : public QObject {
     Q_OBJECT
 public:
@@ -91,7 +95,7 @@ signals:
 
 private:
     void tickClock();
-    void updateClockTimer();
+    void runPeriodicWork();
     void updatePicture();
 
     SceneContent& content_;
@@ -99,8 +103,9 @@ private:
     DrawingSurface& surface_;
     std::unique_ptr<FrameRenderer> renderer_;
     FrameClock frameClock_;
-    QTimer timeOfDayTimer_;
-    QTimer clockTimer_;
+    // Since the last time-of-day poll and clock text; invalid when the next frame must do it.
+    QElapsedTimer sinceTimeOfDay_;
+    QElapsedTimer sinceClockText_;
     QString clockText_;
     ClockOverlay overlay_;
     bool pictureDirty_ = false;
