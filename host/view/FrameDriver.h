@@ -96,6 +96,9 @@ signals:
 private:
     void tickClock();
     void runPeriodicWork();
+    /// Hands the heap freed since the last time back to the system: after a renderer's first
+    /// frame, then once a minute.
+    void returnFreedMemory();
     void updatePicture();
 
     SceneContent& content_;
@@ -112,6 +115,8 @@ private:
     QImage pendingPicture_;
     QPoint pendingTopLeft_;
     std::uint64_t frames_ = 0;
+    // Since the heap was last trimmed; invalid when a new renderer's first frame is to do it.
+    QElapsedTimer sinceTrim_;
 };
 
 } // namespace host::view
