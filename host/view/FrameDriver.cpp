@@ -24,7 +24,7 @@ FrameRenderer* gCurrentRenderer = nullptr;
 
 constexpr int kTimeOfDayPeriodMs = 3000;
 constexpr int kClockPeriodMs = 1000;
-constexpr int kTrimPeriodMs = 60000;
+constexpr int kTrimPeriodMs = 20000;
 
 std::function<void(const char*)>& contextFailureHandler() {
     static std::function<void(const char*)> handler = [](const char* message) {

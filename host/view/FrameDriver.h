@@ -97,7 +97,7 @@ private:
     void tickClock();
     void runPeriodicWork();
     /// Hands the heap freed since the last time back to the system: after a renderer's first
-    /// frame, then once a minute.
+    /// frame, then every 20 seconds.
     void returnFreedMemory();
     void updatePicture();
 
