@@ -19,7 +19,7 @@ public:
         /// device, then the default display.
         AUTO,
         /// `EGL_EXT_platform_device`: a hardware device where there is one, else (asked for
-        /// by name, or after surfaceless failed) Mesa's software device.
+        /// by name, or for AUTO after surfaceless failed) Mesa's software device.
         DEVICE,
         /// `EGL_MESA_platform_surfaceless`, which is Mesa's software rasteriser where no GPU is.
         SURFACELESS,
