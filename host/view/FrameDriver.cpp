@@ -12,10 +12,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-#ifdef __GLIBC__
-#include <malloc.h>
-#endif
-
 namespace host::view {
 
 namespace {
@@ -24,7 +20,6 @@ FrameRenderer* gCurrentRenderer = nullptr;
 
 constexpr int kTimeOfDayPeriodMs = 3000;
 constexpr int kClockPeriodMs = 1000;
-constexpr int kTrimPeriodMs = 20000;
 
 std::function<void(const char*)>& contextFailureHandler() {
     static std::function<void(const char*)> handler = [](const char* message) {
@@ -72,7 +67,6 @@ void FrameDriver::appear() {
     }
     renderer_ = content_.makeRenderer();
     gCurrentRenderer = renderer_.get();
-    sinceTrim_.invalidate();
     clockText_.clear();
     // The renderer polled the time of day as it loaded; the clock's text comes with the first frame.
     sinceTimeOfDay_.start();
@@ -91,7 +85,6 @@ void FrameDriver::remakeRenderer() {
     renderer_.reset();
     renderer_ = content_.makeRenderer();
     gCurrentRenderer = renderer_.get();
-    sinceTrim_.invalidate();
     emit appeared();
 }
 
@@ -126,16 +119,6 @@ void FrameDriver::setPaused(bool paused) {
 
 bool FrameDriver::hasActiveTimers() const {
     return frameClock_.isRunning();
-}
-
-void FrameDriver::returnFreedMemory() {
-    sinceTrim_.start();
-#ifdef __GLIBC__
-    // Loading the assets, and the driver compiling programs as the first frames and camera cuts
-    // need them, free megabytes inside the heap that glibc keeps mapped; this unmaps them. It
-    // costs well under a millisecond on a heap of this size.
-    malloc_trim(0);
-#endif
 }
 
 void FrameDriver::runPeriodicWork() {
@@ -190,9 +173,6 @@ bool FrameDriver::renderNow() {
     }
     overlay_.draw(framebuffer, size.width(), size.height());
     surface_.present();
-    if (!sinceTrim_.isValid() || sinceTrim_.elapsed() >= kTrimPeriodMs) {
-        returnFreedMemory();
-    }
     ++frames_;
     emit frameDrawn();
     return true;

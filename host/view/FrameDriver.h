@@ -96,9 +96,6 @@ signals:
 private:
     void tickClock();
     void runPeriodicWork();
-    /// Hands the heap freed since the last time back to the system: after a renderer's first
-    /// frame, then every 20 seconds.
-    void returnFreedMemory();
     void updatePicture();
 
     SceneContent& content_;
@@ -115,8 +112,6 @@ private:
     QImage pendingPicture_;
     QPoint pendingTopLeft_;
     std::uint64_t frames_ = 0;
-    // Since the heap was last trimmed; invalid when a new renderer's first frame is to do it.
-    QElapsedTimer sinceTrim_;
 };
 
 } // namespace host::view
