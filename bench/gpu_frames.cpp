@@ -7,7 +7,8 @@
 // The device platform is a GPU's driver; surfaceless is Mesa's software rasteriser where there is
 // none. GPU time comes from a ring of GL_TIME_ELAPSED queries read a few frames late, so that the
 // measuring never waits for the GPU; CPU is getrusage over the paced frames (every thread of the
-// process, the driver's included) against the wall time they took.
+// process, the driver's included) against the wall time they took; waits are the drawing thread's
+// sleeps per frame inside GL (voluntary context switches, the pacing sleep left out).
 #include <epoxy/gl.h>
 #include <sys/resource.h>
 
@@ -131,11 +132,20 @@ int mainPassSamples(const renderer::SceneRenderer& sceneRenderer) {
     return samples;
 }
 
+/// Times the calling thread has slept and been woken so far (voluntary context switches).
+long threadWaits() {
+    rusage usage{};
+    getrusage(RUSAGE_THREAD, &usage);
+    return usage.ru_nvcsw;
+}
+
 struct Figures {
     int samples = 0;
     std::vector<std::uint64_t> gpuNanoseconds;
     double cpuShare = 0.0;
     double framesPerSecond = 0.0;
+    /// Waits of the drawing thread per frame besides the pacing sleep: on the GPU driver.
+    double waitsPerFrame = 0.0;
 };
 
 Figures measure(renderer::gl::EpoxyGl& gl, renderer::SceneRenderer& sceneRenderer, int& frame, Size size,
@@ -156,19 +166,23 @@ Figures measure(renderer::gl::EpoxyGl& gl, renderer::SceneRenderer& sceneRendere
     const auto period = std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(1.0 / arguments.fps));
     const double cpuStart = processCpuSeconds();
     const auto start = Clock::now();
+    long waits = 0;
     for (int i = 0; i < arguments.frames; ++i, ++frame) {
         std::this_thread::sleep_until(start + i * period);
+        const long waitsBefore = threadWaits();
         timer.begin();
         sceneRenderer.drawFrame(frameTarget);
         timer.end();
         // Handed to the GPU as a buffer swap would hand it, without waiting for it.
         glFlush();
+        waits += threadWaits() - waitsBefore;
     }
     timer.finish();
     const double wall = std::chrono::duration<double>(Clock::now() - start).count();
     figures.cpuShare = (processCpuSeconds() - cpuStart) / wall;
     figures.framesPerSecond = arguments.frames / wall;
     figures.gpuNanoseconds = timer.nanoseconds();
+    figures.waitsPerFrame = static_cast<double>(waits) / arguments.frames;
     return figures;
 }
 
@@ -178,9 +192,9 @@ void printRow(const std::string& scene, Size size, const Figures& figures) {
     const double mean = std::accumulate(sorted.begin(), sorted.end(), 0.0) / static_cast<double>(sorted.size());
     const double median = static_cast<double>(sorted[sorted.size() / 2]);
     const double maximum = static_cast<double>(sorted.back());
-    std::printf("%-11s %5dx%-5d %7d %6zu %9.2f %9.2f %9.2f %8.0f %8.1f\n", scene.c_str(), size.width, size.height,
-                figures.samples, sorted.size(), mean / 1e6, median / 1e6, maximum / 1e6, 100.0 * figures.cpuShare,
-                figures.framesPerSecond);
+    std::printf("%-11s %5dx%-5d %7d %6zu %9.2f %9.2f %9.2f %8.0f %8.1f %8.1f\n", scene.c_str(), size.width,
+                size.height, figures.samples, sorted.size(), mean / 1e6, median / 1e6, maximum / 1e6,
+                100.0 * figures.cpuShare, figures.framesPerSecond, figures.waitsPerFrame);
     std::fflush(stdout);
 }
 
@@ -194,8 +208,8 @@ int main(int argc, char** argv) {
         std::printf("GL renderer %s on the %s platform; %d frames paced at %g fps\n", context.rendererName().c_str(),
                     std::string(renderer::headless::toString(context.platform())).c_str(), arguments.frames,
                     arguments.fps);
-        std::printf("%-11s %11s %7s %6s %9s %9s %9s %8s %8s\n", "scene", "size", "samples", "frames", "GPU ms",
-                    "median", "max", "CPU %", "fps");
+        std::printf("%-11s %11s %7s %6s %9s %9s %9s %8s %8s %8s\n", "scene", "size", "samples", "frames", "GPU ms",
+                    "median", "max", "CPU %", "fps", "waits");
         for (const std::string& name : arguments.scenes) {
             auto scene = renderer::scenes::SceneFactory::makeScene(name);
             int frame = 0;
