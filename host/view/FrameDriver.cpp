@@ -7,6 +7,7 @@
 #include "host/view/FrameRenderer.h"
 #include "host/view/SceneContent.h"
 
+#include <QDateTime>
 #include <QTime>
 
 #include <cstdio>
@@ -19,7 +20,6 @@ namespace {
 FrameRenderer* gCurrentRenderer = nullptr;
 
 constexpr int kTimeOfDayPeriodMs = 3000;
-constexpr int kClockPeriodMs = 1000;
 
 std::function<void(const char*)>& contextFailureHandler() {
     static std::function<void(const char*)> handler = [](const char* message) {
@@ -38,7 +38,7 @@ FrameDriver::FrameDriver(SceneContent& content, clock::ClockStyleManager& clockS
     connect(&frameClock_, &FrameClock::tick, this, &FrameDriver::renderNow);
     connect(&clockStyle_, &clock::ClockStyleManager::changed, this, [this] {
         // A clock just switched on (or given another format) shows its text at the next frame.
-        sinceClockText_.invalidate();
+        clockSecond_ = -1;
         updatePicture();
     });
 }
@@ -70,7 +70,7 @@ void FrameDriver::appear() {
     clockText_.clear();
     // The renderer polled the time of day as it loaded; the clock's text comes with the first frame.
     sinceTimeOfDay_.start();
-    sinceClockText_.invalidate();
+    clockSecond_ = -1;
     updatePicture();
     emit appeared();
 }
@@ -126,13 +126,15 @@ void FrameDriver::runPeriodicWork() {
         renderer_->updateDynamicTimeOfDay();
         sinceTimeOfDay_.start();
     }
-    if (clockStyle_.enabled() && (!sinceClockText_.isValid() || sinceClockText_.elapsed() >= kClockPeriodMs)) {
+    // The text is formatted again when the wall clock's second has changed, so that a clock
+    // showing seconds steps with them and skips none.
+    if (clockStyle_.enabled() && QDateTime::currentMSecsSinceEpoch() / 1000 != clockSecond_) {
         tickClock();
     }
 }
 
 void FrameDriver::tickClock() {
-    sinceClockText_.start();
+    clockSecond_ = QDateTime::currentMSecsSinceEpoch() / 1000;
     const QString text = clock::TimeFormatter::format(clockStyle_.timeFormat(), QTime::currentTime());
     if (text != clockText_) {
         clockText_ = text;

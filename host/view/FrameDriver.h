@@ -27,8 +27,9 @@ class SceneContent;
 /// second and its overlay on each frame.
 ///
 /// The frame clock is its only timer: the time-of-day poll and the clock's text ride on the
-/// frame ticks, each done at the first frame once its period has passed, so that a running
-/// wallpaper wakes the main thread once per frame and for nothing else of its own.
+/// frame ticks, the poll at the first frame once 3 seconds have passed, the text at the first
+/// frame of each new second, so that a running wallpaper wakes the main thread once per frame
+/// and for nothing else of its own.
 ///
 /// When it appears it makes the renderer of the scene on the surface's context, which becomes
 /// the process's current renderer, and announces `appeared`. Paused, it draws nothing and arms
@@ -103,9 +104,10 @@ private:
     DrawingSurface& surface_;
     std::unique_ptr<FrameRenderer> renderer_;
     FrameClock frameClock_;
-    // Since the last time-of-day poll and clock text; invalid when the next frame must do it.
+    // Since the last time-of-day poll; invalid when the next frame must do it.
     QElapsedTimer sinceTimeOfDay_;
-    QElapsedTimer sinceClockText_;
+    // The wall clock's second (since the epoch) of the clock's text; -1 to format it anew.
+    qint64 clockSecond_ = -1;
     QString clockText_;
     ClockOverlay overlay_;
     bool pictureDirty_ = false;
