@@ -82,7 +82,7 @@ public:
         /// `<resources>/models` for the vignette, `<resources>/shaders` for the shader library.
         std::filesystem::path resources;
         /// A monotonic clock in seconds that is not 0 at the first frame; empty for the
-        /// process's steady clock.
+        /// process's steady clock (sped up by $NIVALIS_CLOCK_RATE where that is set).
         std::function<double()> clock;
         /// Where ASTC textures are decoded.
         loaders::AstcTexture::Decoding astcDecoding = loaders::AstcTexture::Decoding::AUTO;

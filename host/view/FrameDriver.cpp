@@ -8,6 +8,7 @@
 #include "host/view/SceneContent.h"
 #include "renderer/StartupTrace.h"
 
+#include <QDateTime>
 #include <QTime>
 
 #include <cstdio>
@@ -21,7 +22,6 @@ FrameRenderer* gCurrentRenderer = nullptr;
 renderer::RenderQuality gQuality = renderer::RenderQuality::AUTO;
 
 constexpr int kTimeOfDayPeriodMs = 3000;
-constexpr int kClockPeriodMs = 1000;
 
 std::function<void(const char*)>& contextFailureHandler() {
     static std::function<void(const char*)> handler = [](const char* message) {
@@ -37,17 +37,10 @@ std::function<void(const char*)>& contextFailureHandler() {
 FrameDriver::FrameDriver(SceneContent& content, clock::ClockStyleManager& clockStyle, DrawingSurface& surface,
                          QObject* parent)
     : QObject(parent), content_(content), clockStyle_(clockStyle), surface_(surface) {
-    timeOfDayTimer_.setInterval(kTimeOfDayPeriodMs);
-    clockTimer_.setInterval(kClockPeriodMs);
     connect(&frameClock_, &FrameClock::tick, this, &FrameDriver::renderNow);
-    connect(&timeOfDayTimer_, &QTimer::timeout, this, [this] {
-        if (renderer_ != nullptr) {
-            renderer_->updateDynamicTimeOfDay();
-        }
-    });
-    connect(&clockTimer_, &QTimer::timeout, this, &FrameDriver::tickClock);
     connect(&clockStyle_, &clock::ClockStyleManager::changed, this, [this] {
-        updateClockTimer();
+        // A clock just switched on (or given another format) shows its text at the next frame.
+        clockSecond_ = -1;
         updatePicture();
     });
 }
@@ -81,11 +74,10 @@ void FrameDriver::appear() {
     renderer_ = content_.makeRenderer();
     gCurrentRenderer = renderer_.get();
     clockText_.clear();
-    updateClockTimer();
+    // The renderer polled the time of day as it loaded; the clock's text comes with the first frame.
+    sinceTimeOfDay_.start();
+    clockSecond_ = -1;
     updatePicture();
-    if (!isPaused()) {
-        timeOfDayTimer_.start();
-    }
     emit appeared();
 }
 
@@ -112,8 +104,6 @@ void FrameDriver::release() {
     }
     renderer_.reset();
     frameClock_.setPaused(true);
-    timeOfDayTimer_.stop();
-    clockTimer_.stop();
 }
 
 void FrameDriver::setPreferredFramesPerSecond(int fps) {
@@ -123,33 +113,34 @@ void FrameDriver::setPreferredFramesPerSecond(int fps) {
 void FrameDriver::setPaused(bool paused) {
     const bool wasPaused = frameClock_.isPaused();
     frameClock_.setPaused(paused);
-    if (paused) {
-        timeOfDayTimer_.stop();
-    } else if (wasPaused && renderer_ != nullptr) {
+    if (!paused && wasPaused && renderer_ != nullptr) {
         // Time went on while nothing ran: catch up with it before the next frame.
         renderer_->updateDynamicTimeOfDay();
-        timeOfDayTimer_.start();
+        sinceTimeOfDay_.start();
         if (clockStyle_.enabled() && !clockText_.isEmpty()) {
             tickClock();
         }
     }
-    updateClockTimer();
 }
 
 bool FrameDriver::hasActiveTimers() const {
-    return frameClock_.isRunning() || timeOfDayTimer_.isActive() || clockTimer_.isActive();
+    return frameClock_.isRunning();
 }
 
-void FrameDriver::updateClockTimer() {
-    const bool wanted = clockStyle_.enabled() && !isPaused() && renderer_ != nullptr;
-    if (wanted && !clockTimer_.isActive()) {
-        clockTimer_.start();
-    } else if (!wanted && clockTimer_.isActive()) {
-        clockTimer_.stop();
+void FrameDriver::runPeriodicWork() {
+    if (!sinceTimeOfDay_.isValid() || sinceTimeOfDay_.elapsed() >= kTimeOfDayPeriodMs) {
+        renderer_->updateDynamicTimeOfDay();
+        sinceTimeOfDay_.start();
+    }
+    // The text is formatted again when the wall clock's second has changed, so that a clock
+    // showing seconds steps with them and skips none.
+    if (clockStyle_.enabled() && QDateTime::currentMSecsSinceEpoch() / 1000 != clockSecond_) {
+        tickClock();
     }
 }
 
 void FrameDriver::tickClock() {
+    clockSecond_ = QDateTime::currentMSecsSinceEpoch() / 1000;
     const QString text = clock::TimeFormatter::format(clockStyle_.timeFormat(), QTime::currentTime());
     if (text != clockText_) {
         clockText_ = text;
@@ -179,6 +170,7 @@ bool FrameDriver::renderNow() {
     if (!surface_.makeCurrent()) {
         return false;
     }
+    runPeriodicWork();
     const QSize size = surface_.pixelSize();
     const unsigned framebuffer = surface_.framebuffer();
     renderer_->setQuality(gQuality); // a change is taken at the frame, without a new renderer

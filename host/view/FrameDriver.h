@@ -4,10 +4,10 @@
 #include "host/view/FrameClock.h"
 #include "renderer/RenderQuality.h"
 
+#include <QElapsedTimer>
 #include <QImage>
 #include <QObject>
 #include <QString>
-#include <QTimer>
 
 #include <cstdint>
 #include <functional>
@@ -28,9 +28,14 @@ class SceneContent;
 /// second and its overlay on each frame. Each frame hands the renderer the process's quality
 /// first, so that a change of it shows at the next frame without a new renderer.
 ///
+/// The frame clock is its only timer: the time-of-day poll and the clock's text ride on the
+/// frame ticks, the poll at the first frame once 3 seconds have passed, the text at the first
+/// frame of each new second, so that a running wallpaper wakes the main thread once per frame
+/// and for nothing else of its own.
+///
 /// When it appears it makes the renderer of the scene on the surface's context, which becomes
 /// the process's current renderer, and announces `appeared`. Paused, it draws nothing and arms
-/// no timer at all (frame clock, clock text and time-of-day poll all stop).
+/// no timer at all.
 class FrameDriver : public QObject {
     Q_OBJECT
 public:
@@ -97,7 +102,7 @@ signals:
 
 private:
     void tickClock();
-    void updateClockTimer();
+    void runPeriodicWork();
     void updatePicture();
 
     SceneContent& content_;
@@ -105,8 +110,10 @@ private:
     DrawingSurface& surface_;
     std::unique_ptr<FrameRenderer> renderer_;
     FrameClock frameClock_;
-    QTimer timeOfDayTimer_;
-    QTimer clockTimer_;
+    // Since the last time-of-day poll; invalid when the next frame must do it.
+    QElapsedTimer sinceTimeOfDay_;
+    // The wall clock's second (since the epoch) of the clock's text; -1 to format it anew.
+    qint64 clockSecond_ = -1;
     QString clockText_;
     ClockOverlay overlay_;
     bool pictureDirty_ = false;

@@ -112,7 +112,10 @@ HeadlessContext::HeadlessContext(Platform platform) {
         }
         break;
     case Platform::DEVICE:
-        display = openDevice(true);
+        // A GPU first, whatever order the devices are listed in; Mesa's software one otherwise.
+        if ((display = openDevice(false)) == EGL_NO_DISPLAY) {
+            display = openDevice(true);
+        }
         platform_ = platform;
         break;
     case Platform::SURFACELESS:

@@ -19,7 +19,8 @@ public:
         /// Let the context choose: a hardware device first, then Mesa surfaceless, then any
         /// device, then the default display.
         AUTO,
-        /// `EGL_EXT_platform_device` with a hardware device.
+        /// `EGL_EXT_platform_device`: a hardware device where there is one, else (asked for
+        /// by name, or for AUTO after surfaceless failed) Mesa's software device.
         DEVICE,
         /// `EGL_MESA_platform_surfaceless`, which is Mesa's software rasteriser where no GPU is.
         SURFACELESS,
