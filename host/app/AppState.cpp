@@ -6,7 +6,7 @@
 #include "host/settings/Settings.h"
 #include "host/system/PowerSourceWatcher.h"
 #include "host/system/SystemEvents.h"
-#include "host/view/FrameDriver.h"
+#include "renderer/RenderQuality.h"
 #include "renderer/StartupTrace.h"
 #include "renderer/scenes/SceneFactory.h"
 
@@ -92,9 +92,9 @@ void AppState::setUpEvents() {
         s.sceneVignette.subscribe(ObservationOption::Initial, [this](auto&) { applySceneSettings(); }));
     cancellables_.push_back(s.sceneSpeed.subscribe(ObservationOption::Initial, [this](auto&) { applySceneSettings(); }));
     cancellables_.push_back(s.sceneTime.subscribe(ObservationOption::Initial, [this](auto&) { applySceneSettings(); }));
-    cancellables_.push_back(s.quality.subscribe(ObservationOption::Initial, [](const auto& change) {
+    cancellables_.push_back(s.quality.subscribe(ObservationOption::Initial, [this](const auto& change) {
         const auto quality = renderer::renderQualityFromString(change.newValue.toStdString());
-        view::FrameDriver::setQuality(quality.value_or(renderer::RenderQuality::AUTO));
+        output_.setQuality(quality.value_or(renderer::RenderQuality::AUTO));
     }));
     // The window starts with the stored scene; later choices swap it live.
     cancellables_.push_back(s.scene.subscribe(ObservationOption::None, [this](auto&) {

@@ -33,8 +33,8 @@ class WallpaperOutput;
 /// Every change of state arrives through one subscription made by `setUpEvents` (settings keys,
 /// screen lock, power events, the menu's Enable/Disable) and leaves through one of four
 /// operations: `updateFps`, `applySceneSettings`, `applyClockSettings`, `applyEnabledState`;
-/// the key `quality` alone goes straight to `view::FrameDriver::setQuality`, as every monitor's
-/// renderer takes it at its next frame.
+/// the key `quality` alone goes straight to the output, as every monitor's renderer takes it at
+/// its next frame.
 ///
 /// Invariant: `isEnabled` is true exactly when neither `isManuallyDisabled` nor `isScreenLocked`
 /// is. Neither of those is persisted: every launch starts enabled.

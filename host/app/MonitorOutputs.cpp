@@ -55,6 +55,7 @@ void MonitorOutputs::addSlot(std::optional<QUuid> monitor) {
     WallpaperOutput& out = *slot.output;
     connect(&out, &WallpaperOutput::appeared, this, &WallpaperOutput::appeared);
     out.setPreferredFramesPerSecond(fps_);
+    out.setQuality(quality_);
     out.setTargetDisplay(monitor);
     if (scene_) {
         out.setScene(*scene_);
@@ -188,6 +189,13 @@ void MonitorOutputs::setPreferredFramesPerSecond(int fps) {
     fps_ = fps;
     for (const Slot& slot : slots_) {
         slot.output->setPreferredFramesPerSecond(fps);
+    }
+}
+
+void MonitorOutputs::setQuality(renderer::RenderQuality quality) {
+    quality_ = quality;
+    for (const Slot& slot : slots_) {
+        slot.output->setQuality(quality);
     }
 }
 

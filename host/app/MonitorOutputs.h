@@ -60,6 +60,7 @@ public:
     void orderOut() override;
     void setPaused(bool paused) override;
     void setPreferredFramesPerSecond(int fps) override;
+    void setQuality(renderer::RenderQuality quality) override;
     void setTargetDisplay(std::optional<QUuid> display) override;
     void updateFrame() override;
     void updateLevel() override;
@@ -106,6 +107,7 @@ private:
     bool shown_ = false;
     bool paused_ = true;
     int fps_ = 30;
+    renderer::RenderQuality quality_ = renderer::RenderQuality::AUTO;
     std::optional<QUuid> target_;
     std::optional<bool> allSpaces_;
     std::optional<QString> scene_;

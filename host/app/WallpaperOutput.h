@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/utils/TimeOfDay.h"
+#include "renderer/RenderQuality.h"
 
 #include <QObject>
 #include <QString>
@@ -44,6 +45,8 @@ public:
     virtual void setPaused(bool paused) = 0;
     /// The frame clock's rate, frames per second.
     virtual void setPreferredFramesPerSecond(int fps) = 0;
+    /// The quality that the picture is drawn in from the next frame on.
+    virtual void setQuality(renderer::RenderQuality quality) = 0;
 
     /// Stores the monitor that the window belongs to (its Display UUID; absent: primary screen).
     /// Does not move the window; `updateFrame` does.

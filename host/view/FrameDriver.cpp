@@ -19,7 +19,6 @@ namespace host::view {
 namespace {
 
 FrameRenderer* gCurrentRenderer = nullptr;
-renderer::RenderQuality gQuality = renderer::RenderQuality::AUTO;
 
 constexpr int kTimeOfDayPeriodMs = 3000;
 
@@ -53,10 +52,6 @@ FrameDriver::~FrameDriver() {
 
 FrameRenderer* FrameDriver::currentRenderer() {
     return gCurrentRenderer;
-}
-
-void FrameDriver::setQuality(renderer::RenderQuality quality) {
-    gQuality = quality;
 }
 
 void FrameDriver::setContextFailureHandler(std::function<void(const char* message)> handler) {
@@ -173,7 +168,7 @@ bool FrameDriver::renderNow() {
     runPeriodicWork();
     const QSize size = surface_.pixelSize();
     const unsigned framebuffer = surface_.framebuffer();
-    renderer_->setQuality(gQuality); // a change is taken at the frame, without a new renderer
+    renderer_->setQuality(quality_); // a change is taken at the frame, without a new renderer
     renderer_->drawFrame(framebuffer, size.width(), size.height());
     if (pictureDirty_) {
         overlay_.setPicture(pendingPicture_, pendingTopLeft_);

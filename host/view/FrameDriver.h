@@ -25,7 +25,7 @@ class SceneContent;
 
 /// What draws the wallpaper's frames, whatever surface they go to: the scene's renderer, the
 /// frame clock at the preferred rate, the 3-second time-of-day poll, the clock's text once a
-/// second and its overlay on each frame. Each frame hands the renderer the process's quality
+/// second and its overlay on each frame. Each frame hands the renderer the output's quality
 /// first, so that a change of it shows at the next frame without a new renderer.
 ///
 /// The frame clock is its only timer: the time-of-day poll and the clock's text ride on the
@@ -69,9 +69,8 @@ public:
     /// The frame clock (a surface paced by its compositor tells it of each presentation).
     FrameClock& frameClock() { return frameClock_; }
 
-    /// The quality that every driver's renderer draws its next frame in, process-wide (all
-    /// monitors follow the one setting); AUTO until set.
-    static void setQuality(renderer::RenderQuality quality);
+    /// The quality that the renderer draws its next frame in; AUTO until set.
+    void setQuality(renderer::RenderQuality quality) { quality_ = quality; }
 
     /// Frames per second of the frame clock.
     int preferredFramesPerSecond() const { return frameClock_.framesPerSecond(); }
@@ -120,6 +119,7 @@ private:
     QImage pendingPicture_;
     QPoint pendingTopLeft_;
     std::uint64_t frames_ = 0;
+    renderer::RenderQuality quality_ = renderer::RenderQuality::AUTO;
 };
 
 } // namespace host::view

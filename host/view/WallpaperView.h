@@ -58,6 +58,8 @@ public:
     int preferredFramesPerSecond() const { return driver_.preferredFramesPerSecond(); }
     /// Sets the frames per second of the frame clock.
     void setPreferredFramesPerSecond(int fps) { driver_.setPreferredFramesPerSecond(fps); }
+    /// Sets the quality of the next frames.
+    void setQuality(renderer::RenderQuality quality) { driver_.setQuality(quality); }
     /// Whether frames are held back.
     bool isPaused() const { return driver_.isPaused(); }
     /// Holds frames and every timer back (true), or lets them run (false).

@@ -78,6 +78,10 @@ void LayerShellWallpaper::setPreferredFramesPerSecond(int fps) {
     driver_.setPreferredFramesPerSecond(fps);
 }
 
+void LayerShellWallpaper::setQuality(renderer::RenderQuality quality) {
+    driver_.setQuality(quality);
+}
+
 void LayerShellWallpaper::setTargetDisplay(std::optional<QUuid> display) {
     target_ = display;
 }

@@ -47,6 +47,7 @@ public:
     void orderOut() override;
     void setPaused(bool paused) override;
     void setPreferredFramesPerSecond(int fps) override;
+    void setQuality(renderer::RenderQuality quality) override;
     void setTargetDisplay(std::optional<QUuid> display) override;
     void updateFrame() override;
     void updateLevel() override;

@@ -44,6 +44,7 @@ void DesktopWallpaper::makeView() {
     view_ = view;
     view->setGeometry(QRect(QPoint(0, 0), window_->size()));
     view->setPreferredFramesPerSecond(fps_);
+    view->setQuality(quality_);
     view->setPaused(paused_);
     connect(window_.get(), &QWindow::widthChanged, view, [this, view] { view->resize(window_->size()); });
     connect(window_.get(), &QWindow::heightChanged, view, [this, view] { view->resize(window_->size()); });
@@ -88,6 +89,13 @@ void DesktopWallpaper::setPreferredFramesPerSecond(int fps) {
     fps_ = fps;
     if (view_ != nullptr) {
         view_->setPreferredFramesPerSecond(fps);
+    }
+}
+
+void DesktopWallpaper::setQuality(renderer::RenderQuality quality) {
+    quality_ = quality;
+    if (view_ != nullptr) {
+        view_->setQuality(quality);
     }
 }
 

@@ -45,6 +45,7 @@ public:
     void orderOut() override;
     void setPaused(bool paused) override;
     void setPreferredFramesPerSecond(int fps) override;
+    void setQuality(renderer::RenderQuality quality) override;
     void setTargetDisplay(std::optional<QUuid> display) override;
     void updateFrame() override;
     void updateLevel() override;
@@ -69,6 +70,7 @@ private:
     std::optional<QUuid> pendingTarget_;
     bool paused_ = true;
     int fps_ = 30;
+    renderer::RenderQuality quality_ = renderer::RenderQuality::AUTO;
     bool contentHidden_ = true;
     std::uint64_t framesOfFormerViews_ = 0;
 };

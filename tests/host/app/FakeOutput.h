@@ -37,6 +37,7 @@ public:
     void orderOut() override { calls << QStringLiteral("orderOut"); }
     void setPaused(bool paused) override { calls << QStringLiteral("setPaused(%1)").arg(flag(paused)); }
     void setPreferredFramesPerSecond(int fps) override { calls << QStringLiteral("setFps(%1)").arg(fps); }
+    void setQuality(renderer::RenderQuality) override {}
     void setTargetDisplay(std::optional<QUuid> display) override {
         calls << QStringLiteral("setTargetDisplay(%1)")
                      .arg(display ? display->toString(QUuid::WithoutBraces) : QStringLiteral("absent"));
