@@ -20,12 +20,14 @@ def build_dirs():
 
 
 class Wallpaper:
-    """nivalis of `build` at `width` x `height` and `fps` frames per second, until `close`."""
+    """nivalis of `build` at `width` x `height` and `fps` frames per second, until `close`. Its
+    home (settings and caches) is `home` where given, kept at `close`; else a new one, removed."""
 
-    def __init__(self, build, width, height, services, env=None, fps="30"):
+    def __init__(self, build, width, height, services, env=None, fps="30", home=None):
         os.environ["NIVALIS_BIN"] = os.path.join(build, "host", "nivalis")
         self.services = services
-        self.home = tempfile.mkdtemp(prefix="nivalis-bench-")
+        self.own_home = home is None
+        self.home = home or tempfile.mkdtemp(prefix="nivalis-bench-")
         self.x = S.XServer(width, height)
         self.nivalis = S.Nivalis(self.x.display, self.home)
         try:
@@ -84,20 +86,30 @@ class Wallpaper:
     def close(self):
         self.nivalis.stop()
         self.x.stop()
-        shutil.rmtree(self.home, ignore_errors=True)
+        if self.own_home:
+            shutil.rmtree(self.home, ignore_errors=True)
 
 
-def run_each(measure, width, height, env=None, fps="30"):
-    """`measure(wallpaper)` for each build directory in turn; their results in that order."""
+def run_each(measure, width, height, env=None, fps="30", runs=1):
+    """`measure(wallpaper)` for each build directory in turn, `runs` times over one home, so that
+    later runs find the caches the first one filled; their results in that order, each build's
+    as a list when `runs` is above one."""
     services = S.SystemServices()
     results = []
     try:
         for build in build_dirs():
-            wallpaper = Wallpaper(build, width, height, services, env, fps)
+            home = tempfile.mkdtemp(prefix="nivalis-bench-")
+            each = []
             try:
-                results.append((build, measure(wallpaper)))
+                for _ in range(runs):
+                    wallpaper = Wallpaper(build, width, height, services, env, fps, home)
+                    try:
+                        each.append(measure(wallpaper))
+                    finally:
+                        wallpaper.close()
             finally:
-                wallpaper.close()
+                shutil.rmtree(home, ignore_errors=True)
+            results.append((build, each if runs > 1 else each[0]))
     finally:
         services.stop()
     return results

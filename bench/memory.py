@@ -1,6 +1,8 @@
 #!/usr/bin/env python3
 """Resident memory of the wallpaper at 1920x1080 on Xvfb with openbox, software GL, 30 frames
-per second: after one minute of running, and once the scene's clock has run an hour.
+per second: after one minute of a first launch (empty shader caches), then, launched again over
+the same caches as on every later day, after one minute and once the scene's clock has run an
+hour.
 
 Usage: bench/memory.py [before-build-dir] [build-dir]     (default build/)
 Environment: CLOCK_RATE (20), SIZE (1920x1080).
@@ -10,10 +12,11 @@ faster than the wall clock, so that its timers, camera cuts and animations cycle
 hour in 60 / CLOCK_RATE minutes. Frames are still drawn at the real rate, so the hour's frame
 count is CLOCK_RATE times smaller than a real hour's. A build that does not know the variable
 runs its clock at the real rate; its "hour" figure is then the same wall time, and says so.
-Each figure is VmRSS; the split of the first one (anonymous memory: heap, GL objects on the
+Each figure is VmRSS; the split of the warm minute (anonymous memory: heap, GL objects on the
 software rasteriser; file-backed: code and fonts) comes from /proc/PID/smaps_rollup.
 """
 
+import itertools
 import os
 import subprocess
 import sys
@@ -45,25 +48,38 @@ def rollup(pid):
     return fields
 
 
-def measure(wallpaper):
+def cold(wallpaper):
+    time.sleep(60)
+    return wallpaper.rss_kib()
+
+
+def warm(wallpaper):
     start = time.monotonic()
     time.sleep(60)
     minute = wallpaper.rss_kib()
     split = rollup(wallpaper.pid)
-    frames_minute = wallpaper.frames()
     time.sleep(max(0.0, start + 3600 / RATE - time.monotonic()))
-    return minute, split, wallpaper.rss_kib(), frames_minute, wallpaper.frames()
+    return minute, split, wallpaper.rss_kib(), wallpaper.frames()
 
 
-results = L.run_each(measure, WIDTH, HEIGHT, {"NIVALIS_CLOCK_RATE": "%g" % RATE})
+calls = itertools.count()
+
+
+def measure(wallpaper):
+    """Each build's first launch is the cold one, its second the warm one."""
+    return cold(wallpaper) if next(calls) % 2 == 0 else warm(wallpaper)
+
+
+results = L.run_each(measure, WIDTH, HEIGHT, {"NIVALIS_CLOCK_RATE": "%g" % RATE}, runs=2)
 print("RSS at %dx%d; the hour at clock rate %g (%.0f s of wall time)" % (WIDTH, HEIGHT, RATE, 3600 / RATE))
-print("%-32s %10s %10s %10s %10s %10s %8s" % ("build", "1 min MiB", "anon MiB", "file MiB", "hour MiB",
-                                              "growth", "frames"))
-for build, (minute, split, hour, frames_minute, frames_hour) in results:
+print("%-28s %9s %9s %9s %9s %9s %9s %8s" % ("build", "cold 1min", "warm 1min", "anon", "file", "hour",
+                                            "growth", "frames"))
+for build, (first, (minute, split, hour, frames)) in results:
     note = "" if knows_clock_rate(build) else "  (clock at the real rate: %.0f s, not an hour)" % (3600 / RATE)
-    print("%-32s %10.1f %10.1f %10.1f %10.1f %+10.2f %8d%s" % (
-        build[-32:], minute / 1024, split.get("Anonymous", 0) / 1024,
-        (split.get("Rss", 0) - split.get("Anonymous", 0)) / 1024, hour / 1024, (hour - minute) / 1024, frames_hour,
+    print("%-28s %9.1f %9.1f %9.1f %9.1f %9.1f %+9.2f %8d%s" % (
+        build[-28:], first / 1024, minute / 1024, split.get("Anonymous", 0) / 1024,
+        (split.get("Rss", 0) - split.get("Anonymous", 0)) / 1024, hour / 1024, (hour - minute) / 1024, frames,
         note))
 if len(results) == 2:
-    print("after/before at 1 min: %.2f" % (results[1][1][0] / results[0][1][0]))
+    print("after/before at 1 min: cold %.2f, warm %.2f" % (results[1][1][0] / results[0][1][0],
+                                                           results[1][1][1][0] / results[0][1][1][0]))
