@@ -11,6 +11,8 @@ struct wl_display;
 struct wl_registry;
 struct zwlr_layer_shell_v1;
 struct zwlr_foreign_toplevel_manager_v1;
+struct wp_fractional_scale_manager_v1;
+struct wp_viewporter;
 class QSocketNotifier;
 
 namespace host::wayland {
@@ -40,6 +42,16 @@ public:
     wl_compositor* compositor() const { return compositor_; }
     zwlr_layer_shell_v1* layerShell() const { return layerShell_; }
 
+    /// Whether the compositor tells surfaces a fractional scale and can show a buffer at another
+    /// size (both the fractional-scale manager and the viewporter offered).
+    bool hasFractionalScale() const { return fractionalScaleManager_ != nullptr && viewporter_ != nullptr; }
+    /// The fractional-scale manager and the viewporter; null when not offered.
+    wp_fractional_scale_manager_v1* fractionalScaleManager() const { return fractionalScaleManager_; }
+    wp_viewporter* viewporter() const { return viewporter_; }
+
+    /// Whether the compositor tells each surface its preferred buffer scale (wl_compositor 6).
+    bool hasPreferredBufferScale() const;
+
     /// Whether the compositor lists the windows of all clients (foreign toplevels).
     bool hasToplevelManager() const { return toplevelManagerName_ != 0; }
     /// Binds the list of windows; the caller sets its listener before the next read of events
@@ -68,6 +80,8 @@ private:
     wl_registry* registry_ = nullptr;
     wl_compositor* compositor_ = nullptr;
     zwlr_layer_shell_v1* layerShell_ = nullptr;
+    wp_fractional_scale_manager_v1* fractionalScaleManager_ = nullptr;
+    wp_viewporter* viewporter_ = nullptr;
     std::uint32_t toplevelManagerName_ = 0;
     std::uint32_t toplevelManagerVersion_ = 0;
     std::vector<std::unique_ptr<WaylandMonitor>> monitors_;
