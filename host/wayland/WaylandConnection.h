@@ -20,7 +20,8 @@ namespace host::wayland {
 class WaylandMonitor;
 
 /// The program's own connection to the Wayland compositor, apart from whatever Qt uses: it
-/// holds the globals the wallpaper needs (compositor, layer shell, monitors) and, once
+/// holds the globals the wallpaper needs (compositor, layer shell, monitors, and the
+/// fractional scale with the viewporter where offered) and, once
 /// attached, reads its events inside Qt's event loop (its file descriptor under a socket
 /// notifier, pending requests flushed before the loop sleeps).
 class WaylandConnection : public QObject {
