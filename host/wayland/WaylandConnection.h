@@ -21,9 +21,9 @@ class WaylandMonitor;
 
 /// The program's own connection to the Wayland compositor, apart from whatever Qt uses: it
 /// holds the globals the wallpaper needs (compositor, layer shell, monitors, and the
-/// fractional scale with the viewporter where offered) and, once
-/// attached, reads its events inside Qt's event loop (its file descriptor under a socket
-/// notifier, pending requests flushed before the loop sleeps).
+/// fractional scale with the viewporter where offered) and, once attached, reads its events
+/// inside Qt's event loop (its file descriptor under a socket notifier, pending requests
+/// flushed before the loop sleeps).
 class WaylandConnection : public QObject {
     Q_OBJECT
 public:
