@@ -48,6 +48,10 @@ QStringList AppStateDiagnostics::monitors() const {
     return output_.monitorReport();
 }
 
+QStringList AppStateDiagnostics::pixelSizes() const {
+    return output_.pixelSizeReport();
+}
+
 qlonglong AppStateDiagnostics::glObjects() const {
     return renderer::gl::CountingGl::liveObjects();
 }

@@ -25,6 +25,7 @@ class AppStateDiagnostics : public QObject {
     Q_PROPERTY(bool StatusIconVisible READ statusIconVisible)
     Q_PROPERTY(QString Scene READ scene)
     Q_PROPERTY(QStringList Monitors READ monitors)
+    Q_PROPERTY(QStringList PixelSizes READ pixelSizes)
     Q_PROPERTY(qlonglong GlObjects READ glObjects)
 public:
     /// Object path of the diagnostics.
@@ -46,6 +47,9 @@ public:
     QString scene() const;
     /// One line per monitor shown on: "<Display UUID> drawing|paused|covered <frames>".
     QStringList monitors() const;
+    /// One line per monitor shown on: "<Display UUID> <width>x<height>", the device pixels each
+    /// frame is drawn at there ("0x0" where the output cannot tell), to see them follow the scale.
+    QStringList pixelSizes() const;
     /// GL objects the renderers have made and not deleted (buffers, textures, samplers,
     /// programs, vertex arrays, framebuffers, renderbuffers), all monitors together.
     qlonglong glObjects() const;

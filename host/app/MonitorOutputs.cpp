@@ -298,16 +298,29 @@ std::uint64_t MonitorOutputs::frameCount() const {
     return total;
 }
 
+QString MonitorOutputs::shownMonitorText(const Slot& slot) const {
+    const std::optional<QUuid> monitor = shownMonitor(slot);
+    return monitor ? monitor->toString(QUuid::WithoutBraces).toUpper() : QStringLiteral("none");
+}
+
 QStringList MonitorOutputs::monitorReport() const {
     QStringList lines;
     for (const Slot& slot : slots_) {
-        const std::optional<QUuid> monitor = shownMonitor(slot);
         const QString state = isCovered(slot) ? QStringLiteral("covered")
                               : paused_       ? QStringLiteral("paused")
                                               : QStringLiteral("drawing");
         lines << QStringLiteral("%1 %2 %3")
-                     .arg(monitor ? monitor->toString(QUuid::WithoutBraces).toUpper() : QStringLiteral("none"), state)
+                     .arg(shownMonitorText(slot), state)
                      .arg(slot.output->frameCount());
+    }
+    return lines;
+}
+
+QStringList MonitorOutputs::pixelSizeReport() const {
+    QStringList lines;
+    for (const Slot& slot : slots_) {
+        const QSize size = slot.output->drawnPixelSize();
+        lines << QStringLiteral("%1 %2x%3").arg(shownMonitorText(slot)).arg(size.width()).arg(size.height());
     }
     return lines;
 }

@@ -77,6 +77,7 @@ public:
     void setClockSize(float size) override;
     std::uint64_t frameCount() const override;
     QStringList monitorReport() const override;
+    QStringList pixelSizeReport() const override;
 
 private:
     struct Slot {
@@ -87,6 +88,8 @@ private:
     std::vector<std::optional<QUuid>> wantedMonitors() const;
     std::optional<QUuid> shownMonitor(const Slot& slot) const;
     bool isCovered(const Slot& slot) const;
+    // The shown monitor's UUID as the diagnostics write it ("none" without one).
+    QString shownMonitorText(const Slot& slot) const;
     void addSlot(std::optional<QUuid> monitor);
     void removeSlot(std::size_t index);
     void reconcile();

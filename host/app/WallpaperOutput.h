@@ -4,6 +4,7 @@
 #include "renderer/RenderQuality.h"
 
 #include <QObject>
+#include <QSize>
 #include <QString>
 #include <QStringList>
 #include <QUuid>
@@ -98,6 +99,13 @@ public:
     /// One line per monitor shown on, for diagnostics: "<Display UUID> drawing|paused|covered
     /// <frames>"; empty for the output of a single monitor.
     virtual QStringList monitorReport() const { return {}; }
+    /// The size in device pixels of the frames this output draws on its monitor, for
+    /// diagnostics (tests watch it follow the monitor's scale); empty when none is drawn or the
+    /// output cannot tell.
+    virtual QSize drawnPixelSize() const { return {}; }
+    /// One line per monitor shown on, for diagnostics: "<Display UUID> <width>x<height>" of
+    /// `drawnPixelSize`; empty for the output of a single monitor.
+    virtual QStringList pixelSizeReport() const { return {}; }
 
 signals:
     /// The view has appeared and made its renderer; AppState then applies the frame rate, the

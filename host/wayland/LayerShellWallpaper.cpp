@@ -132,6 +132,7 @@ void LayerShellWallpaper::placeSurface() {
     surfaceMonitor_ = monitor;
     surface_ = std::make_unique<LayerSurface>(connection_, *context_, monitor->output(), monitor->scale());
     LayerSurface* surface = surface_.get();
+    connect(monitor, &WaylandMonitor::scaleChanged, surface, &LayerSurface::setMonitorScale);
     connect(surface, &LayerSurface::configured, this, [this] {
         driver_.surfaceResized();
         driver_.renderNow();
@@ -166,6 +167,10 @@ std::uint64_t LayerShellWallpaper::frameCount() const {
     return driver_.frameCount();
 }
 
+QSize LayerShellWallpaper::drawnPixelSize() const {
+    return canDraw() ? surface_->pixelSize() : QSize();
+}
+
 bool LayerShellWallpaper::makeCurrent() {
     if (context_ == nullptr) {
         return false;
@@ -187,7 +192,7 @@ QSize LayerShellWallpaper::pixelSize() const {
 }
 
 double LayerShellWallpaper::devicePixelRatio() const {
-    return surface_ != nullptr ? surface_->scale() : 1.0;
+    return surface_ != nullptr ? surface_->devicePixelRatio() : 1.0;
 }
 
 unsigned LayerShellWallpaper::framebuffer() const {

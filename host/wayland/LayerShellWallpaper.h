@@ -54,6 +54,7 @@ public:
     void setShowOnAllSpaces(bool all) override;
     void rebuildContent() override;
     std::uint64_t frameCount() const override;
+    QSize drawnPixelSize() const override;
 
     /// The monitor the frame rule picks now: the target when connected, else the first one.
     WaylandMonitor* targetMonitor() const;

@@ -2,6 +2,8 @@
 
 #include "host/wayland/WaylandMonitor.h"
 
+#include "fractional-scale-v1-client-protocol.h"
+#include "viewporter-client-protocol.h"
 #include "wlr-foreign-toplevel-management-unstable-v1-client-protocol.h"
 #include "wlr-layer-shell-unstable-v1-client-protocol.h"
 
@@ -19,8 +21,14 @@ namespace host::wayland {
 
 namespace {
 
-// Versions the program speaks: name and description of monitors came with wl_output 4.
+// Versions the program speaks: name and description of monitors came with wl_output 4; each
+// surface's preferred buffer scale came with wl_compositor 6, which only headers that know its
+// event can listen to (an event the listener lacks would end the connection).
+#ifdef WL_SURFACE_PREFERRED_BUFFER_SCALE_SINCE_VERSION
+constexpr std::uint32_t kCompositorVersion = WL_SURFACE_PREFERRED_BUFFER_SCALE_SINCE_VERSION;
+#else
 constexpr std::uint32_t kCompositorVersion = 4;
+#endif
 constexpr std::uint32_t kOutputVersion = 4;
 constexpr std::uint32_t kLayerShellVersion = 1;
 
@@ -51,6 +59,12 @@ WaylandConnection::WaylandConnection(wl_display* display) : display_(display) {
 WaylandConnection::~WaylandConnection() {
     delete notifier_;
     monitors_.clear();
+    if (fractionalScaleManager_ != nullptr) {
+        wp_fractional_scale_manager_v1_destroy(fractionalScaleManager_);
+    }
+    if (viewporter_ != nullptr) {
+        wp_viewporter_destroy(viewporter_);
+    }
     if (layerShell_ != nullptr) {
         zwlr_layer_shell_v1_destroy(layerShell_);
     }
@@ -60,6 +74,15 @@ WaylandConnection::~WaylandConnection() {
     wl_registry_destroy(registry_);
     wl_display_flush(display_);
     wl_display_disconnect(display_);
+}
+
+bool WaylandConnection::hasPreferredBufferScale() const {
+#ifdef WL_SURFACE_PREFERRED_BUFFER_SCALE_SINCE_VERSION
+    return compositor_ != nullptr &&
+           wl_compositor_get_version(compositor_) >= WL_SURFACE_PREFERRED_BUFFER_SCALE_SINCE_VERSION;
+#else
+    return false;
+#endif
 }
 
 std::vector<WaylandMonitor*> WaylandConnection::monitors() const {
@@ -119,6 +142,12 @@ void WaylandConnection::onGlobal(void* data, wl_registry* registry, std::uint32_
     } else if (std::strcmp(interface, zwlr_layer_shell_v1_interface.name) == 0) {
         self->layerShell_ = static_cast<zwlr_layer_shell_v1*>(
             wl_registry_bind(registry, name, &zwlr_layer_shell_v1_interface, kLayerShellVersion));
+    } else if (std::strcmp(interface, wp_fractional_scale_manager_v1_interface.name) == 0) {
+        self->fractionalScaleManager_ = static_cast<wp_fractional_scale_manager_v1*>(
+            wl_registry_bind(registry, name, &wp_fractional_scale_manager_v1_interface, 1));
+    } else if (std::strcmp(interface, wp_viewporter_interface.name) == 0) {
+        self->viewporter_ =
+            static_cast<wp_viewporter*>(wl_registry_bind(registry, name, &wp_viewporter_interface, 1));
     } else if (std::strcmp(interface, zwlr_foreign_toplevel_manager_v1_interface.name) == 0) {
         // Bound by whoever listens: its first events come at once.
         self->toplevelManagerName_ = name;

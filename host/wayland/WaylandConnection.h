@@ -11,6 +11,8 @@ struct wl_display;
 struct wl_registry;
 struct zwlr_layer_shell_v1;
 struct zwlr_foreign_toplevel_manager_v1;
+struct wp_fractional_scale_manager_v1;
+struct wp_viewporter;
 class QSocketNotifier;
 
 namespace host::wayland {
@@ -18,9 +20,10 @@ namespace host::wayland {
 class WaylandMonitor;
 
 /// The program's own connection to the Wayland compositor, apart from whatever Qt uses: it
-/// holds the globals the wallpaper needs (compositor, layer shell, monitors) and, once
-/// attached, reads its events inside Qt's event loop (its file descriptor under a socket
-/// notifier, pending requests flushed before the loop sleeps).
+/// holds the globals the wallpaper needs (compositor, layer shell, monitors, and the
+/// fractional scale with the viewporter where offered) and, once attached, reads its events
+/// inside Qt's event loop (its file descriptor under a socket notifier, pending requests
+/// flushed before the loop sleeps).
 class WaylandConnection : public QObject {
     Q_OBJECT
 public:
@@ -39,6 +42,16 @@ public:
     wl_display* display() const { return display_; }
     wl_compositor* compositor() const { return compositor_; }
     zwlr_layer_shell_v1* layerShell() const { return layerShell_; }
+
+    /// Whether the compositor tells surfaces a fractional scale and can show a buffer at another
+    /// size (both the fractional-scale manager and the viewporter offered).
+    bool hasFractionalScale() const { return fractionalScaleManager_ != nullptr && viewporter_ != nullptr; }
+    /// The fractional-scale manager and the viewporter; null when not offered.
+    wp_fractional_scale_manager_v1* fractionalScaleManager() const { return fractionalScaleManager_; }
+    wp_viewporter* viewporter() const { return viewporter_; }
+
+    /// Whether the compositor tells each surface its preferred buffer scale (wl_compositor 6).
+    bool hasPreferredBufferScale() const;
 
     /// Whether the compositor lists the windows of all clients (foreign toplevels).
     bool hasToplevelManager() const { return toplevelManagerName_ != 0; }
@@ -68,6 +81,8 @@ private:
     wl_registry* registry_ = nullptr;
     wl_compositor* compositor_ = nullptr;
     zwlr_layer_shell_v1* layerShell_ = nullptr;
+    wp_fractional_scale_manager_v1* fractionalScaleManager_ = nullptr;
+    wp_viewporter* viewporter_ = nullptr;
     std::uint32_t toplevelManagerName_ = 0;
     std::uint32_t toplevelManagerVersion_ = 0;
     std::vector<std::unique_ptr<WaylandMonitor>> monitors_;

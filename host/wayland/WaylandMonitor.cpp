@@ -51,8 +51,13 @@ void WaylandMonitor::onMode(void* data, wl_output*, std::uint32_t flags, std::in
 
 void WaylandMonitor::onDone(void* data, wl_output*) {
     auto* self = static_cast<WaylandMonitor*>(data);
+    const bool rescaled = self->described_ && self->scale_ != self->describedScale_;
     self->described_ = true;
+    self->describedScale_ = self->scale_;
     emit self->described();
+    if (rescaled) {
+        emit self->scaleChanged(self->scale_);
+    }
 }
 
 void WaylandMonitor::onScale(void* data, wl_output*, std::int32_t factor) {

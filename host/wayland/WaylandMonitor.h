@@ -50,6 +50,9 @@ public:
 signals:
     /// A full description arrived (first or changed).
     void described();
+    /// The scale factor changed from the one of the previous description: surfaces on the
+    /// monitor draw at the new one from now on (emitted after `described`).
+    void scaleChanged(int scale);
 
 private:
     static void onGeometry(void* data, wl_output*, std::int32_t, std::int32_t, std::int32_t, std::int32_t,
@@ -70,6 +73,8 @@ private:
     QString description_;
     QSize pixelSize_;
     int scale_ = 1;
+    // The scale as of the last `done`, to tell a change from a repeat.
+    int describedScale_ = 1;
 };
 
 } // namespace host::wayland

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """The wallpaper on headless sway with XWayland (DISPLAY set too, as in every real session):
 the layer-shell output is chosen; the picture fills the output below a normal window even
-with swaybg started first; it animates; the clock shows; locked, no frame is drawn and no CPU
+with swaybg started first; it animates; the clock shows; its frames follow the output's scale; locked, no frame is drawn and no CPU
 is spent; the "Show on" key moves it to the second output; a chosen monitor not plugged in
 leaves it on the first until it is plugged in."""
 
@@ -116,6 +116,18 @@ def main():
         nivalis.config("set", "clockEnabled", "false")
         W.wait_until(lambda: clock_pixels(shot(sway, "no-clock")[2], width, height, flower) < with_clock / 4, 20,
                      f"the clock to go ({with_clock} clock-coloured pixels with it)")
+
+        # The output's scale changed while shown: the frames stay at the output's own pixels (the
+        # logical size halves, the buffer scale doubles), and the picture still fills the output.
+        def drawn():
+            return [str(line).split()[1] for line in prop("PixelSizes")]
+        for scale in ("2", "1"):
+            sway.swaymsg("output", "HEADLESS-1", "scale", scale)
+            frames = prop("FrameCount")
+            W.wait_until(lambda: prop("FrameCount") > frames + 5, 30, "frames at scale " + scale)
+            assert drawn() == ["%dx%d" % (width, height)], f"frames at scale {scale} drawn at {drawn()}"
+            assert W.region_stats(shot(sway, "scale-" + scale)[2], 900, 500, width, height)[1] > 60, \
+                "no picture in the corner at scale " + scale
 
         # Locked: the frame count stands still and the process sleeps.
         services.freedesktop_screensaver_active(True)
