@@ -15,9 +15,8 @@ void requestCall(const QDBusConnection& bus, const QDBusMessage& call, QObject* 
     });
 }
 
-void requestProperty(const QDBusConnection& bus, const QString& service, const QString& path,
-                     const QString& interface, const QString& name, QObject* context,
-                     std::function<void(const QVariant& value)> done) {
+void requestProperty(const QDBusConnection& bus, const QString& service, const QString& path, const QString& interface,
+                     const QString& name, QObject* context, std::function<void(const QVariant& value)> done) {
     QDBusMessage get = QDBusMessage::createMethodCall(service, path, QStringLiteral("org.freedesktop.DBus.Properties"),
                                                       QStringLiteral("Get"));
     get << interface << name;

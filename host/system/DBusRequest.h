@@ -21,8 +21,7 @@ void requestCall(const QDBusConnection& bus, const QDBusMessage& call, QObject* 
 
 /// Reads a property with org.freedesktop.DBus.Properties.Get as `requestCall` does; `done` gets
 /// the value, or an invalid QVariant on any failure.
-void requestProperty(const QDBusConnection& bus, const QString& service, const QString& path,
-                     const QString& interface, const QString& name, QObject* context,
-                     std::function<void(const QVariant& value)> done);
+void requestProperty(const QDBusConnection& bus, const QString& service, const QString& path, const QString& interface,
+                     const QString& name, QObject* context, std::function<void(const QVariant& value)> done);
 
 } // namespace host::system
