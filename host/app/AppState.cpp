@@ -77,8 +77,11 @@ void AppState::setUpEvents() {
             logLine("powerSourceDidChange");
             updateFps();
         };
-        // The source holds a current value: the handler also runs at subscription.
-        changed();
+        // Once the source has answered it holds a current value and the handler also runs at
+        // subscription; a source that answers later announces its first answer as a change.
+        if (powerSourceWatcher_->hasAnswered()) {
+            changed();
+        }
         cancellables_.emplace_back(
             connect(powerSourceWatcher_.get(), &system::PowerSourceWatcher::didChange, this, changed));
     }
@@ -209,7 +212,7 @@ void AppState::temporarilyRevealStatusItem() {
 std::optional<QString> AppState::toggleTitle() const {
     if (!isEnabled_ && !isManuallyDisabled_) {
         // Off by the lock alone.
-        if (settings_.deactivateOnBattery.read() || !powerSourceWatcher_ ||
+        if (settings_.deactivateOnBattery.read() || !powerSourceWatcher_ || !powerSourceWatcher_->hasAnswered() ||
             powerSourceWatcher_->powerSource() == system::PowerSource::internalBattery) {
             return std::nullopt;
         }

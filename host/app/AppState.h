@@ -46,7 +46,7 @@ class AppState : public QObject {
     Q_OBJECT
 public:
     /// Everything AppState is built on. The references must outlive it; `powerSourceWatcher` is
-    /// null where the system has no power-source service.
+    /// null where the system has no power-source service, and counts as none until it has answered.
     struct Services {
         settings::Settings& settings;
         WallpaperOutput& output;

@@ -1,8 +1,10 @@
 #include "host/system/DBusSystemEvents.h"
 
+#include "host/system/DBusRequest.h"
+
+#include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
-#include <QDBusReply>
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
 
@@ -12,7 +14,6 @@ namespace host::system {
 
 namespace {
 
-constexpr int kTimeoutMs = 2000;
 const QString kProperties = QStringLiteral("org.freedesktop.DBus.Properties");
 const QString kLogin = QStringLiteral("org.freedesktop.login1");
 const QString kLoginPath = QStringLiteral("/org/freedesktop/login1");
@@ -45,12 +46,7 @@ DBusSystemEvents::DBusSystemEvents(QDBusConnection sessionBus, QDBusConnection s
     }
     systemBus_.connect(kLogin, kLoginPath, kLoginManager, QStringLiteral("PrepareForSleep"), this,
                        SLOT(onPrepareForSleep(bool)));
-    sessionPath_ = findSessionPath();
-    if (!sessionPath_.isEmpty()) {
-        const QString session = QStringLiteral("org.freedesktop.login1.Session");
-        systemBus_.connect(kLogin, sessionPath_, session, QStringLiteral("Lock"), this, SLOT(onSessionLock()));
-        systemBus_.connect(kLogin, sessionPath_, session, QStringLiteral("Unlock"), this, SLOT(onSessionUnlock()));
-    }
+    findSession();
 
     auto* watcher = new QDBusServiceWatcher(this);
     watcher->setConnection(systemBus_);
@@ -60,58 +56,71 @@ DBusSystemEvents::DBusSystemEvents(QDBusConnection sessionBus, QDBusConnection s
                            SLOT(onProfilesPropertiesChanged(QString, QVariantMap, QStringList)));
         readProfile(profiles.service);
     }
-    connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, [this](const QString& service) {
-        readProfile(service);
-        updateLowPower();
-    });
+    connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, &DBusSystemEvents::readProfile);
     connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this](const QString& service) {
         forgetProfile(service);
         updateLowPower();
     });
-    lowPower_ = false;
-    for (const QString& profile : activeProfiles_) {
-        lowPower_ = lowPower_ || profile == QLatin1String("power-saver");
-    }
 }
 
-QString DBusSystemEvents::findSessionPath() const {
-    auto objectPath = [this](const QString& method, const QVariant& argument) -> QString {
-        QDBusMessage call = QDBusMessage::createMethodCall(kLogin, kLoginPath, kLoginManager, method);
-        call << argument;
-        QDBusReply<QDBusObjectPath> reply = systemBus_.call(call, QDBus::Block, kTimeoutMs);
-        return reply.isValid() ? reply.value().path() : QString();
-    };
+void DBusSystemEvents::findSession() {
     // The session the desktop started us in; else the one our process belongs to; else the
-    // user's graphical session (for a process started outside any session).
+    // user's graphical session (for a process started outside any session). Each lookup is
+    // asked only once the one before has failed.
+    auto byUser = [this] {
+        askLogin(QStringLiteral("GetUser"), QVariant::fromValue(uint(::getuid())), [this](const QString& user) {
+            if (!user.isEmpty()) {
+                findDisplaySession(user);
+            }
+        });
+    };
+    auto byPid = [this, byUser] {
+        askLogin(QStringLiteral("GetSessionByPID"), QVariant::fromValue(uint(::getpid())),
+                 [this, byUser](const QString& path) { path.isEmpty() ? byUser() : followSession(path); });
+    };
     const QString id = qEnvironmentVariable("XDG_SESSION_ID");
-    if (!id.isEmpty()) {
-        const QString path = objectPath(QStringLiteral("GetSession"), id);
-        if (!path.isEmpty()) {
-            return path;
-        }
+    if (id.isEmpty()) {
+        byPid();
+        return;
     }
-    const QString byPid = objectPath(QStringLiteral("GetSessionByPID"), QVariant::fromValue(uint(::getpid())));
-    if (!byPid.isEmpty()) {
-        return byPid;
-    }
-    const QString user = objectPath(QStringLiteral("GetUser"), QVariant::fromValue(uint(::getuid())));
-    if (user.isEmpty()) {
-        return {};
-    }
-    QDBusMessage get = QDBusMessage::createMethodCall(kLogin, user, kProperties, QStringLiteral("Get"));
-    get << QStringLiteral("org.freedesktop.login1.User") << QStringLiteral("Display");
-    QDBusMessage reply = systemBus_.call(get, QDBus::Block, kTimeoutMs);
-    if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty()) {
-        return {};
-    }
-    // Display is a struct (so): session id and path.
-    const QDBusArgument display = reply.arguments().first().value<QDBusVariant>().variant().value<QDBusArgument>();
-    QString sessionId;
-    QDBusObjectPath sessionPath;
-    display.beginStructure();
-    display >> sessionId >> sessionPath;
-    display.endStructure();
-    return sessionPath.path() == QLatin1String("/") ? QString() : sessionPath.path();
+    askLogin(QStringLiteral("GetSession"), id,
+             [this, byPid](const QString& path) { path.isEmpty() ? byPid() : followSession(path); });
+}
+
+void DBusSystemEvents::askLogin(const QString& method, const QVariant& argument,
+                                std::function<void(const QString&)> done) {
+    QDBusMessage call = QDBusMessage::createMethodCall(kLogin, kLoginPath, kLoginManager, method);
+    call << argument;
+    requestCall(systemBus_, call, this, [done = std::move(done)](const QDBusMessage& reply) {
+        const bool found = reply.type() == QDBusMessage::ReplyMessage && !reply.arguments().isEmpty();
+        done(found ? reply.arguments().first().value<QDBusObjectPath>().path() : QString());
+    });
+}
+
+void DBusSystemEvents::findDisplaySession(const QString& userPath) {
+    requestProperty(systemBus_, kLogin, userPath, QStringLiteral("org.freedesktop.login1.User"),
+                    QStringLiteral("Display"), this, [this](const QVariant& value) {
+                        if (value.userType() != qMetaTypeId<QDBusArgument>()) {
+                            return;
+                        }
+                        // Display is a struct (so): session id and path; "/" when there is none.
+                        const QDBusArgument display = value.value<QDBusArgument>();
+                        QString sessionId;
+                        QDBusObjectPath sessionPath;
+                        display.beginStructure();
+                        display >> sessionId >> sessionPath;
+                        display.endStructure();
+                        if (sessionPath.path() != QLatin1String("/")) {
+                            followSession(sessionPath.path());
+                        }
+                    });
+}
+
+void DBusSystemEvents::followSession(const QString& path) {
+    sessionPath_ = path;
+    const QString session = QStringLiteral("org.freedesktop.login1.Session");
+    systemBus_.connect(kLogin, sessionPath_, session, QStringLiteral("Lock"), this, SLOT(onSessionLock()));
+    systemBus_.connect(kLogin, sessionPath_, session, QStringLiteral("Unlock"), this, SLOT(onSessionUnlock()));
 }
 
 void DBusSystemEvents::readProfile(const QString& service) {
@@ -119,14 +128,15 @@ void DBusSystemEvents::readProfile(const QString& service) {
         if (profiles.service != service) {
             continue;
         }
-        QDBusMessage get = QDBusMessage::createMethodCall(service, profiles.path, kProperties, QStringLiteral("Get"));
-        get << service << QStringLiteral("ActiveProfile");
-        QDBusReply<QDBusVariant> reply = systemBus_.call(get, QDBus::Block, kTimeoutMs);
-        if (reply.isValid()) {
-            activeProfiles_.insert(service, reply.value().variant().toString());
-        } else {
-            activeProfiles_.remove(service);
-        }
+        requestProperty(systemBus_, service, profiles.path, service, QStringLiteral("ActiveProfile"), this,
+                        [this, service](const QVariant& profile) {
+                            if (profile.isValid()) {
+                                activeProfiles_.insert(service, profile.toString());
+                            } else {
+                                activeProfiles_.remove(service);
+                            }
+                            updateLowPower();
+                        });
     }
 }
 
@@ -168,12 +178,10 @@ void DBusSystemEvents::onProfilesPropertiesChanged(const QString& interface, con
     const QString name = QStringLiteral("ActiveProfile");
     if (changed.contains(name)) {
         activeProfiles_.insert(interface, changed.value(name).toString());
+        updateLowPower();
     } else if (invalidated.contains(name)) {
         readProfile(interface);
-    } else {
-        return;
     }
-    updateLowPower();
 }
 
 } // namespace host::system

@@ -8,6 +8,8 @@
 #include <QStringList>
 #include <QVariantMap>
 
+#include <functional>
+
 namespace host::system {
 
 /// System events from D-Bus.
@@ -20,7 +22,10 @@ namespace host::system {
 ///   names net.hadess.PowerProfiles and org.freedesktop.UPower.PowerProfiles, whichever are
 ///   present; `powerStateDidChange` when the merged state turns.
 ///
-/// A bus or service that is not there gives no events, and says nothing.
+/// Nothing here waits on the system bus: the login session and the profiles are asked for in
+/// the background, the session's Lock and Unlock are followed once it is found, and the
+/// profiles' first answers count as changes. A bus or service that is not there gives no
+/// events, and says nothing.
 class DBusSystemEvents : public SystemEvents {
     Q_OBJECT
 public:
@@ -29,7 +34,8 @@ public:
 
     bool isLowPowerModeEnabled() const override { return lowPower_; }
 
-    /// The logind session whose Lock and Unlock are followed; empty when none was found.
+    /// The logind session whose Lock and Unlock are followed; empty until it is found, or when
+    /// none is.
     const QString& sessionPath() const { return sessionPath_; }
 
 private slots:
@@ -41,7 +47,16 @@ private slots:
                                      const QStringList& invalidated);
 
 private:
-    QString findSessionPath() const;
+    /// Looks for this login session: the desktop's XDG_SESSION_ID, else the session of this
+    /// process, else the user's graphical session; follows the first found.
+    void findSession();
+    /// Asks logind's manager `method` with `argument`; `done` gets the object path, empty on failure.
+    void askLogin(const QString& method, const QVariant& argument, std::function<void(const QString&)> done);
+    /// Looks up the graphical session of the logind user at `userPath`.
+    void findDisplaySession(const QString& userPath);
+    /// Follows the Lock and Unlock of the session at `path`.
+    void followSession(const QString& path);
+    /// Asks `service` for its active profile; the answer updates the power-saving mode.
     void readProfile(const QString& service);
     void forgetProfile(const QString& service);
     void updateLowPower();

@@ -1,8 +1,6 @@
 #include "host/system/UPowerSourceWatcher.h"
 
-#include <QDBusMessage>
-#include <QDBusReply>
-#include <QDBusVariant>
+#include "host/system/DBusRequest.h"
 
 namespace host::system {
 
@@ -11,22 +9,10 @@ namespace {
 const QString kService = QStringLiteral("org.freedesktop.UPower");
 const QString kPath = QStringLiteral("/org/freedesktop/UPower");
 const QString kInterface = QStringLiteral("org.freedesktop.UPower");
+const QString kOnBattery = QStringLiteral("OnBattery");
 const QString kDisplayDevice = QStringLiteral("/org/freedesktop/UPower/devices/DisplayDevice");
 const QString kDeviceInterface = QStringLiteral("org.freedesktop.UPower.Device");
 constexpr uint kDeviceTypeUps = 3;
-constexpr int kTimeoutMs = 2000;
-
-/// A property read with org.freedesktop.DBus.Properties.Get; invalid on any failure.
-QVariant getProperty(const QDBusConnection& bus, const QString& path, const QString& interface, const QString& name) {
-    QDBusMessage call = QDBusMessage::createMethodCall(kService, path, QStringLiteral("org.freedesktop.DBus.Properties"),
-                                                       QStringLiteral("Get"));
-    call << interface << name;
-    QDBusReply<QDBusVariant> reply = bus.call(call, QDBus::Block, kTimeoutMs);
-    if (!reply.isValid()) {
-        return {};
-    }
-    return reply.value().variant();
-}
 
 } // namespace
 
@@ -34,11 +20,10 @@ std::unique_ptr<UPowerSourceWatcher> UPowerSourceWatcher::create(QDBusConnection
     if (!bus.isConnected()) {
         return nullptr;
     }
-    // The call also starts UPower where it is activatable.
-    if (!getProperty(bus, kPath, kInterface, QStringLiteral("OnBattery")).isValid()) {
-        return nullptr;
-    }
-    return std::unique_ptr<UPowerSourceWatcher>(new UPowerSourceWatcher(bus));
+    auto watcher = std::unique_ptr<UPowerSourceWatcher>(new UPowerSourceWatcher(std::move(bus)));
+    // The question also starts UPower where it is activatable.
+    watcher->ask();
+    return watcher;
 }
 
 UPowerSourceWatcher::UPowerSourceWatcher(QDBusConnection bus) : bus_(std::move(bus)) {
@@ -46,26 +31,45 @@ UPowerSourceWatcher::UPowerSourceWatcher(QDBusConnection bus) : bus_(std::move(b
                  this, SLOT(onPropertiesChanged(QString, QVariantMap, QStringList)));
 }
 
-PowerSource UPowerSourceWatcher::powerSource() const {
-    const QVariant onBattery = getProperty(bus_, kPath, kInterface, QStringLiteral("OnBattery"));
-    if (!onBattery.isValid() || !onBattery.toBool()) {
-        return PowerSource::externalUnlimited;
+void UPowerSourceWatcher::ask() {
+    const unsigned question = ++lastQuestion_;
+    requestProperty(bus_, kService, kPath, kInterface, kOnBattery, this, [this, question](const QVariant& onBattery) {
+        if (!onBattery.isValid()) {
+            // No UPower (yet): the watcher stays unanswered; once it has answered, a failure
+            // counts as mains power.
+            if (answered_) {
+                answer(question, PowerSource::externalUnlimited);
+            }
+            return;
+        }
+        if (!onBattery.toBool()) {
+            answer(question, PowerSource::externalUnlimited);
+            return;
+        }
+        requestProperty(bus_, kService, kDisplayDevice, kDeviceInterface, QStringLiteral("Type"), this,
+                        [this, question](const QVariant& type) {
+                            const bool ups = type.isValid() && type.toUInt() == kDeviceTypeUps;
+                            answer(question, ups ? PowerSource::externalUPS : PowerSource::internalBattery);
+                        });
+    });
+}
+
+void UPowerSourceWatcher::answer(unsigned question, PowerSource source) {
+    if (question != lastQuestion_) {
+        return; // a later question is under way; its answer is the newer one
     }
-    const QVariant type = getProperty(bus_, kDisplayDevice, kDeviceInterface, QStringLiteral("Type"));
-    if (type.isValid() && type.toUInt() == kDeviceTypeUps) {
-        return PowerSource::externalUPS;
+    const bool changed = !answered_ || source != source_;
+    answered_ = true;
+    source_ = source;
+    if (changed) {
+        emit didChange(source);
     }
-    return PowerSource::internalBattery;
 }
 
 void UPowerSourceWatcher::onPropertiesChanged(const QString& interface, const QVariantMap& changed,
                                               const QStringList& invalidated) {
-    if (interface != kInterface) {
-        return;
-    }
-    const QString name = QStringLiteral("OnBattery");
-    if (changed.contains(name) || invalidated.contains(name)) {
-        emit didChange(powerSource());
+    if (interface == kInterface && (changed.contains(kOnBattery) || invalidated.contains(kOnBattery))) {
+        ask();
     }
 }
 

@@ -106,9 +106,9 @@ class SystemServices:
         self.session = self.case.get_dbus(system_bus=False)
         self.processes = []
 
-        process, self.upower = self.case.spawn_server_template("upower", {"OnBattery": on_battery},
-                                                               stdout=subprocess.DEVNULL)
-        self.processes.append(process)
+        self.upower_process, self.upower = self.case.spawn_server_template("upower", {"OnBattery": on_battery},
+                                                                           stdout=subprocess.DEVNULL)
+        self.processes.append(self.upower_process)
         process, self.logind = self.case.spawn_server_template("logind", {}, stdout=subprocess.DEVNULL)
         self.processes.append(process)
         self.logind_mock = dbus.Interface(self.logind, dbusmock.MOCK_IFACE)

@@ -319,6 +319,19 @@ TEST_F(AppStateTest, MenuWithoutWatcherHidesToggleWhileLocked) {
     EXPECT_EQ(openMenu().first(), QStringLiteral("Scene"));
 }
 
+TEST_F(AppStateTest, UnansweredWatcherCountsAsNoneUntilItsFirstAnswer) {
+    make();
+    watcher->answered = false;
+    state->finishLaunching();
+    EXPECT_FALSE(logLines().contains(QStringLiteral("powerSourceDidChange")));
+    state->setScreenLocked(true);
+    EXPECT_EQ(openMenu().first(), QStringLiteral("Scene")) << "locked, as without a watcher";
+    log.str({});
+    watcher->change(PowerSource::externalUnlimited);
+    EXPECT_EQ(logLines(), (QStringList{QStringLiteral("powerSourceDidChange"), QStringLiteral("updateFps 30 false false")}));
+    EXPECT_EQ(openMenu().first(), QStringLiteral("Disable")) << "locked on mains";
+}
+
 TEST_F(AppStateTest, MenuItemsShortcutsAndActions) {
     launch();
     emit state->menu().aboutToShow();

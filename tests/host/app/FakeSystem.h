@@ -13,13 +13,17 @@ public:
     bool isLowPowerModeEnabled() const override { return lowPower; }
 };
 
-/// A power source the test sets; `change` sets it and announces it, as a real unplug would.
+/// A power source the test sets; `change` sets it and announces it, as a real unplug would
+/// (or a late first answer, with `answered` false before).
 class FakePowerSourceWatcher : public system::PowerSourceWatcher {
 public:
     system::PowerSource source = system::PowerSource::externalUnlimited;
+    bool answered = true;
     system::PowerSource powerSource() const override { return source; }
+    bool hasAnswered() const override { return answered; }
     void change(system::PowerSource next) {
         source = next;
+        answered = true;
         emit didChange(next);
     }
 };
