@@ -72,6 +72,8 @@ public:
     const QString& clockText() const { return driver_.clockText(); }
     /// Draws one frame now, if the view has appeared and is exposed.
     void renderNow() { driver_.renderNow(); }
+    /// The size in device pixels that its frames are drawn at.
+    QSize pixelSize() const override;
 
 signals:
     /// The view made its renderer.
@@ -87,7 +89,6 @@ private:
     bool makeCurrent() override;
     bool hasRequiredVersion() const override;
     bool canDraw() const override;
-    QSize pixelSize() const override;
     double devicePixelRatio() const override;
     unsigned framebuffer() const override;
     void present() override;

@@ -143,4 +143,8 @@ std::uint64_t DesktopWallpaper::frameCount() const {
     return framesOfFormerViews_ + (view_ != nullptr ? view_->frameCount() : 0);
 }
 
+QSize DesktopWallpaper::drawnPixelSize() const {
+    return view_ != nullptr && view_->isExposed() ? view_->pixelSize() : QSize();
+}
+
 } // namespace host::window

@@ -52,6 +52,7 @@ public:
     void setShowOnAllSpaces(bool all) override;
     void rebuildContent() override;
     std::uint64_t frameCount() const override;
+    QSize drawnPixelSize() const override;
 
     /// The desktop window; null before `createWindow`.
     DesktopWindow* window() const { return window_.get(); }
