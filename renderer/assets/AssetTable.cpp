@@ -1,5 +1,6 @@
 #include "renderer/assets/AssetTable.h"
 
+#include <optional>
 #include <stdexcept>
 
 #include "renderer/Fatal.h"
@@ -58,69 +59,71 @@ bool AssetTable::renumber(const List& list, const Numbering& numbering, NameOf n
     return true;
 }
 
+template <typename List, typename NameOf, typename Load>
+void AssetTable::number(const List& list, Numbering& numbering, NameOf nameOf, Load load) {
+    for (const auto& asset : list) {
+        if (!asset) {
+            continue;
+        }
+        asset->id = load(*asset);
+        numbering.names.push_back(nameOf(*asset));
+        numbering.ids.push_back(asset->id);
+    }
+    numbering.loaded = true;
+}
+
 void AssetTable::loadShaders(engine::Scene& scene, const std::filesystem::path& resources) {
-    if (renumber(scene.getShaders(), shaderNumbering_, [](const engine::Shader& s) { return s.name; }, "shaders")) {
+    auto nameOf = [](const engine::Shader& s) { return s.name; };
+    if (renumber(scene.getShaders(), shaderNumbering_, nameOf, "shaders")) {
         return;
     }
     shaders.clear();
-    for (const auto& shader : scene.getShaders()) {
-        if (!shader) {
-            continue;
+    std::optional<ShaderLibrary> library; // opened with the first shader
+    number(scene.getShaders(), shaderNumbering_, nameOf, [&](const engine::Shader& shader) {
+        if (!library) {
+            library.emplace(ShaderLibrary::openOrStop(resources));
         }
-        shader->id = static_cast<std::int32_t>(shaders.size());
-        shaderNumbering_.names.push_back(shader->name);
-        shaderNumbering_.ids.push_back(shader->id);
-        const ShaderLibrary library = ShaderLibrary::openOrStop(resources);
+        const auto id = static_cast<std::int32_t>(shaders.size());
         try {
-            shaders.push_back(std::make_shared<ShaderFunctions>(shader->name, library));
+            shaders.push_back(std::make_shared<ShaderFunctions>(shader.name, *library));
         } catch (const std::runtime_error&) {
             shaders.push_back(nullptr);
         }
-    }
-    shaderNumbering_.loaded = true;
+        return id;
+    });
 }
 
 void AssetTable::loadModels(engine::Scene& scene, const std::string& resourcesRoot,
                             const std::filesystem::path& resources) {
-    if (!renumber(scene.getMeshes(), meshNumbering_, [](const engine::Mesh& m) { return m.fileName; }, "meshes")) {
+    auto nameOf = [](const engine::Mesh& m) { return m.fileName; };
+    if (!renumber(scene.getMeshes(), meshNumbering_, nameOf, "meshes")) {
         releaseModels();
-        for (const auto& mesh : scene.getMeshes()) {
-            if (!mesh) {
-                continue;
-            }
-            mesh->id = static_cast<std::int32_t>(models.size());
-            meshNumbering_.names.push_back(mesh->fileName);
-            meshNumbering_.ids.push_back(mesh->id);
-            loaders::FullModel model(mesh->fileName, resourcesRoot);
+        number(scene.getMeshes(), meshNumbering_, nameOf, [&](const engine::Mesh& mesh) {
+            const auto id = static_cast<std::int32_t>(models.size());
+            loaders::FullModel model(mesh.fileName, resourcesRoot);
             model.load(gl_, resources);
             models.push_back(std::move(model));
-        }
-        meshNumbering_.loaded = true;
+            return id;
+        });
     }
     loaders::ModelLayoutCheck::run(scene.getCommands(), models);
 }
 
 void AssetTable::loadTextures(engine::Scene& scene, const std::filesystem::path& directory,
                               loaders::AstcTexture::Decoding decoding) {
-    if (renumber(scene.getTextures(), textureNumbering_, [](const engine::Texture& t) { return t.name; },
-                 "textures")) {
+    auto nameOf = [](const engine::Texture& t) { return t.name; };
+    if (renumber(scene.getTextures(), textureNumbering_, nameOf, "textures")) {
         return;
     }
     releaseTextures();
-    for (const auto& texture : scene.getTextures()) {
-        if (!texture) {
-            continue;
-        }
-        texture->id = static_cast<std::int32_t>(textures.size());
-        textureNumbering_.names.push_back(texture->name);
-        textureNumbering_.ids.push_back(texture->id);
-        auto loaded = textures::TextureFiles::load(gl_, *texture, directory, decoding);
-        if (loaded) {
+    number(scene.getTextures(), textureNumbering_, nameOf, [&](const engine::Texture& texture) {
+        const auto id = static_cast<std::int32_t>(textures.size());
+        if (auto loaded = textures::TextureFiles::load(gl_, texture, directory, decoding)) {
             textures.push_back(loaded->texture);
         }
-        samplers.push_back(SceneUtils::makeSampler(gl_, *texture));
-    }
-    textureNumbering_.loaded = true;
+        samplers.push_back(SceneUtils::makeSampler(gl_, texture));
+        return id;
+    });
 }
 
 void AssetTable::loadVignette(const std::filesystem::path& resources) {

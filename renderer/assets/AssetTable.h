@@ -74,6 +74,10 @@ private:
     /// has not loaded this kind yet. Stops the process when `list` names other assets.
     template <typename List, typename NameOf>
     bool renumber(const List& list, const Numbering& numbering, NameOf nameOf, const char* kind) const;
+    /// Loads the non-null entries of `list` in order with `load`, which returns the id it gave
+    /// the asset, and records name and id in `numbering` for `renumber`.
+    template <typename List, typename NameOf, typename Load>
+    static void number(const List& list, Numbering& numbering, NameOf nameOf, Load load);
 
     void releaseModels();
     void releaseTextures();
